@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QStringList>
+#include <QTranslator>
+
+#include <memory>
+
+#include "shell/app_object.h"
+
+namespace orv {
+
+class CKeyRouter;
+class CMainFrame;
+class CZevrantDoc;
+
+// The window work of start-up and shutdown on Qt Widgets.
+class CAppHost : public IAppHost {
+public:
+    CAppHost(CZevrantApp& app, QStringList arguments);
+    ~CAppHost() override;
+
+    bool InitToolkit() override;
+    void ApplyLanguage(uint16_t language) override;
+    bool CreateMainFrame() override;
+    bool ProcessShellCommand() override;
+    void OpenStartProject() override;
+    int CurrentPageFormat() override;
+    void ShowMainFrame() override;
+    void CreatePlayEngine() override;
+    bool ActiveProjectNeedsRecovery() override;
+    void ShowRecoveryMessage() override;
+    void FocusMainFrame() override;
+
+    // Closes the frame for good: its destructor writes the settings.
+    void DestroyMainFrame();
+    CMainFrame* MainFrame() const { return m_pFrame; }
+
+private:
+    CZevrantApp& m_app;
+    QStringList m_arguments;
+    uint16_t m_nLanguage = 9;
+    QTranslator m_translator;
+    CMainFrame* m_pFrame = nullptr;
+    CKeyRouter* m_pKeyRouter = nullptr;
+    std::vector<CZevrantDoc*> m_docs;
+};
+
+}  // namespace orv

@@ -1,0 +1,294 @@
+#include "ui/main_frame.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDataStream>
+#include <QDockWidget>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include "render/font_service.h"
+#include "shell/app_object.h"
+#include "shell/frame_rules.h"
+#include "shell/settings_files.h"
+#include "ui/child_frame.h"
+#include "ui/options_dialog.h"
+#include "ui/pane_dialogs.h"
+#include "ui/splash_screen.h"
+#include "ui/zevrant_doc.h"
+#include "ui/zevrant_view.h"
+
+namespace orv {
+
+namespace {
+
+constexpr int SPLASH_TIMEOUT_MS = 4000;
+constexpr int PREVIEW_PIXELS = 300 * 225;
+constexpr int CMD_OPTIONS = 40082;
+constexpr int LAYOUT_VERSION = 1;
+
+struct UstStatusPane {
+    int nId;
+    int nWidth;
+};
+constexpr UstStatusPane STATUS_PANES[] = {{100, 100}, {101, 50}, {102, 100}, {5, 100}, {104, 150}};
+
+}  // namespace
+
+CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language)
+    : m_folders(folders), m_nLanguage(language) {
+    setObjectName("MainFrame");
+    LoadDefaultAttr(m_folders.DataIni(), m_DefaultAttr, DefaultGuiFaceName());
+    LoadEnv(m_folders.EnvIni(), m_Env, language);
+    m_WorkAttr = m_DefaultAttr;
+    m_PreviewImage.assign(PREVIEW_PIXELS, 0);
+    m_timer.setTimerType(Qt::CoarseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &CMainFrame::OnTimer);
+}
+
+CMainFrame::~CMainFrame() {
+    // The engine, the automatic play-out window and the style lists join this
+    // order as they arrive; the settings are written last, and only here, so
+    // that a program that dies keeps those of its last proper exit.
+    m_PreviewImage.clear();
+    SaveDefaultAttr(m_folders.DataIni(), m_DefaultAttr);
+    SaveEnv(m_folders.EnvIni(), m_Env);
+}
+
+QString CMainFrame::LayoutName(const char* base, uint16_t language) {
+    return QString::fromLatin1(base) + QString::number(language);
+}
+
+bool CMainFrame::OnCreate() {
+    const QString title = QString::asprintf("%s Ver%.2f", APP_NAME, APP_VERSION);
+    setWindowTitle(title);
+    m_pSplash = new CSplashScreenEx(MAKER_NAME, title, SPLASH_TIMEOUT_MS);
+    m_pSplash->show();
+    m_pSplash->SetStatus(tr("Initializing..."));
+
+    m_pMdi = new QMdiArea(this);
+    m_pMdi->setBackground(QColor::fromRgba(CZevrantView::SURROUND));
+    setCentralWidget(m_pMdi);
+    CreateStatusBar();
+
+    m_pSplash->SetStatus(tr("Loading fonts, icons, styles, ribbon menu..."));
+    CreateCommandBars();
+    m_pSplash->SetStatus(tr("Initializing docking panes..."));
+    CreatePanes();
+    RestoreInterfaceState();
+    LoadSkin();
+
+    delete m_pSplash;
+    m_pSplash = nullptr;
+    RestartAutoSaveTimer();
+    return true;
+}
+
+void CMainFrame::CreateStatusBar() {
+    for (const UstStatusPane& pane : STATUS_PANES) {
+        auto* label = new QLabel(this);
+        label->setObjectName(QString("pane%1").arg(pane.nId));
+        label->setMinimumWidth(pane.nWidth);
+        statusBar()->addPermanentWidget(label);
+        m_panesStatus.push_back(label);
+    }
+}
+
+void CMainFrame::CreateCommandBars() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* exit = file->addAction(tr("E&xit"), this, &QWidget::close);
+    exit->setShortcut(QKeySequence::Quit);
+    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
+    QAction* options = tools->addAction(tr("&Options..."), this, &CMainFrame::ShowOptions);
+    options->setData(CMD_OPTIONS);
+    options->setObjectName("cmd40082");
+    QToolBar* bar = addToolBar(tr("Standard"));
+    bar->setObjectName("StandardBar");
+    bar->addAction(options);
+}
+
+QDockWidget* CMainFrame::CreatePane(int id, const QString& title, QWidget* dialog, QSize created,
+                                    QSize smallest, QSize largest) {
+    auto* dock = new QDockWidget(title, this);
+    dock->setObjectName(QString("pane%1").arg(id));
+    dock->setWidget(dialog);
+    dock->setMinimumSize(smallest);
+    dock->setMaximumSize(largest);
+    dialog->resize(created);
+    const Qt::DockWidgetArea area = m_Env.bPreviewLeft ? Qt::LeftDockWidgetArea
+                                                       : Qt::RightDockWidgetArea;
+    addDockWidget(area, dock);
+    resizeDocks({dock}, {created.width()}, Qt::Horizontal);
+    m_panes[id] = dock;
+    return dock;
+}
+
+void CMainFrame::CreatePanes() {
+    const QSize wideMin(140, 200), wideMax(340, 5000), wideNew(260, 120);
+    const QSize playMin(170, 200), playMax(170, 2000), playNew(170, 150);
+    QDockWidget* slide = CreatePane(550, tr("Slide"), new CPreviewDlg, wideNew, wideMin, wideMax);
+    QDockWidget* outline = CreatePane(551, tr("Outline"), new CTextDlg, wideNew, wideMin, wideMax);
+    tabifyDockWidget(slide, outline);
+    slide->raise();
+    QDockWidget* play = CreatePane(553, tr("Play"), new CPlayDlg, playNew, playMin, playMax);
+    QDockWidget* text = CreatePane(554, tr("Text"), new CPlayTextDlg, playNew, playMin, playMax);
+    tabifyDockWidget(play, text);
+    play->hide();
+    text->hide();
+}
+
+void CMainFrame::SaveInterfaceState() {
+    QSettings settings;
+    QByteArray bars;
+    QDataStream out(&bars, QIODevice::WriteOnly);
+    const auto toolbars = findChildren<QToolBar*>();
+    out << static_cast<qint32>(toolbars.size());
+    for (const QToolBar* bar : toolbars)
+        out << bar->objectName() << bar->isVisible() << static_cast<qint32>(toolBarArea(bar));
+    settings.setValue(LayoutName("CmdBarsMTFX", m_nLanguage), bars);
+    settings.setValue(LayoutName("LayoutMTFX", m_nLanguage), saveState(LAYOUT_VERSION));
+}
+
+void CMainFrame::RestoreInterfaceState() {
+    QSettings settings;
+    const QByteArray layout = settings.value(LayoutName("LayoutMTFX", m_nLanguage)).toByteArray();
+    if (!layout.isEmpty()) restoreState(layout, LAYOUT_VERSION);
+    const QByteArray bars = settings.value(LayoutName("CmdBarsMTFX", m_nLanguage)).toByteArray();
+    QDataStream in(bars);
+    qint32 count = 0;
+    in >> count;
+    for (qint32 i = 0; i < count && in.status() == QDataStream::Ok; ++i) {
+        QString name;
+        bool visible = true;
+        qint32 area = 0;
+        in >> name >> visible >> area;
+        QToolBar* bar = findChild<QToolBar*>(name);
+        if (!bar || in.status() != QDataStream::Ok) continue;
+        const auto where = static_cast<Qt::ToolBarArea>(area);
+        if (where != Qt::NoToolBarArea && where != toolBarArea(bar)) addToolBar(where, bar);
+        bar->setVisible(visible);
+    }
+}
+
+// A style sheet beside the program, when there is one, restyles the editor.
+void CMainFrame::LoadSkin() {
+    QFile skin(QString::fromStdString((m_folders.programFolder / "qrd.uistyles").string()));
+    if (skin.open(QIODevice::ReadOnly)) setStyleSheet(QString::fromUtf8(skin.readAll()));
+}
+
+CZevrantView* CMainFrame::AddProjectWindow(CZevrantDoc* doc) {
+    auto* view = new CZevrantView(this, doc);
+    auto* child = new CChildFrame(view, doc->Title());
+    m_pMdi->addSubWindow(child);
+    child->showMaximized();
+    return view;
+}
+
+std::vector<CZevrantView*> CMainFrame::Views() const {
+    std::vector<CZevrantView*> views;
+    for (QMdiSubWindow* w : m_pMdi->subWindowList())
+        if (auto* child = qobject_cast<CChildFrame*>(w)) views.push_back(child->View());
+    return views;
+}
+
+void CMainFrame::SetStatusPane(int index, const QString& text) {
+    if (QLabel* pane = StatusPane(index)) pane->setText(text);
+}
+
+QLabel* CMainFrame::StatusPane(int index) const {
+    if (index < 0 || index >= static_cast<int>(m_panesStatus.size())) return nullptr;
+    return m_panesStatus[static_cast<size_t>(index)];
+}
+
+QDockWidget* CMainFrame::Pane(int id) const {
+    auto it = m_panes.find(id);
+    return it == m_panes.end() ? nullptr : it->second;
+}
+
+const QImage* CMainFrame::BackdropImage() {
+    const QString path = FixedToQString(m_Env.szBackImage);
+    if (m_Env.nBackKind != BACK_IMAGE || path.isEmpty()) return nullptr;
+    if (path != m_strBackImagePath) {
+        m_strBackImagePath = path;
+        QImageReader reader(path);
+        m_backImage = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    }
+    return m_backImage.isNull() ? nullptr : &m_backImage;
+}
+
+void CMainFrame::DispatchKey(const UstKeyInfo& key) {
+    if (m_nPlayState == 0) {
+        const auto views = Views();
+        if (!views.empty()) views.front()->OnHotKey(key);
+    }
+    // In play states the key belongs to the automatic play-out window, which
+    // arrives with play control; until then it goes nowhere.
+}
+
+void CMainFrame::RestartAutoSaveTimer() {
+    m_timer.stop();
+    m_timer.start(AutoSavePeriodMs(m_Env));
+}
+
+void CMainFrame::OnTimer() {
+    if (!ShouldAutoSave(m_Env, m_nPlayState)) return;
+    for (CZevrantView* view : Views())
+        QMetaObject::invokeMethod(view, "OnAutoSave", Qt::QueuedConnection);
+}
+
+void CMainFrame::ShowOptions() {
+    CDlgOptions dlg(m_Env, m_nLanguage, this);
+    if (dlg.exec() != QDialog::Accepted) return;
+    const auto exists = [](const QString& p) { return QFileInfo(p).isFile(); };
+    const UstOptionsOutcome out = ApplyOptions(m_Env, dlg.ProgramCopy(), dlg.EditCopy(), exists);
+    if (out.bEditRejected)
+        QMessageBox::warning(this, windowTitle(),
+                             tr("The image path is empty or invalid, please reset the path."));
+    if (out.bEditTaken && m_nPlayState != 1) RefreshViews();
+    if (out.bRestartTimer) RestartAutoSaveTimer();
+    if (out.bAskRestart) {
+        const auto answer = QMessageBox::question(
+            this, windowTitle(),
+            tr("To apply language setting, the program must be restarted. Terminate program?"),
+            QMessageBox::Yes | QMessageBox::No);
+        if (answer == QMessageBox::Yes) QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);
+    }
+}
+
+void CMainFrame::RefreshViews() {
+    for (CZevrantView* view : Views()) view->RefreshCanvas();
+}
+
+void CMainFrame::OnPlayNotify(int what, int arg) {
+    // 2: the engine's current frame goes to the preview; 7: the preview is
+    // cleared when asked. The engine and its panes arrive with play control.
+    if (what == 7 && arg != 0) std::fill(m_PreviewImage.begin(), m_PreviewImage.end(), 0u);
+}
+
+void CMainFrame::OnAttrChanged() {
+    // The working fill-colour buttons repaint here once the ribbon has them.
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    if (m_nPlayState == 2) {
+        QMessageBox::information(this, windowTitle(),
+                                 tr("Please stop automatic play out to exit play mode."));
+        event->ignore();
+        return;
+    }
+    m_nPlayState = 0;
+    m_timer.stop();
+    SaveInterfaceState();
+    // Documents have no unsaved work to ask about until projects are saved.
+    event->accept();
+}
+
+}  // namespace orv

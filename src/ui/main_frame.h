@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QImage>
+#include <QMainWindow>
+#include <QTimer>
+
+#include <cstdint>
+#include <map>
+#include <vector>
+
+#include "project/folders.h"
+#include "project/settings_records.h"
+#include "shell/key_routing.h"
+
+class QDockWidget;
+class QLabel;
+class QMdiArea;
+
+namespace orv {
+
+class CSplashScreenEx;
+class CZevrantDoc;
+class CZevrantView;
+
+// The main window: panes, status bar, command bars, settings in force, play
+// state, and the auto-save timer.
+class CMainFrame : public QMainWindow {
+    Q_OBJECT
+public:
+    CMainFrame(const UstFolders& folders, uint16_t language);
+    ~CMainFrame() override;
+
+    // The window work of creation, in its order. False ends start-up.
+    bool OnCreate();
+
+    // Opens a project window for doc, maximised inside the frame.
+    CZevrantView* AddProjectWindow(CZevrantDoc* doc);
+    std::vector<CZevrantView*> Views() const;
+
+    void SetStatusPane(int index, const QString& text);
+    QLabel* StatusPane(int index) const;
+    QDockWidget* Pane(int id) const;
+
+    // The backdrop image of the edit options, loaded once and kept.
+    const QImage* BackdropImage();
+
+    void DispatchKey(const UstKeyInfo& key);
+    void RestartAutoSaveTimer();
+    void OnTimer();
+    void ShowOptions();
+
+    Q_INVOKABLE void OnPlayNotify(int what, int arg);
+    Q_INVOKABLE void OnAttrChanged();
+
+    static QString LayoutName(const char* base, uint16_t language);
+
+    int m_nPlayState = 0;
+    float m_fZoom = 100.0f;
+    int m_nCanvasMode = 0;
+    UstEnv m_Env;
+    UstDefaultAttr m_DefaultAttr;
+    UstDefaultAttr m_WorkAttr;
+    std::vector<uint32_t> m_PreviewImage;  // 300 x 225
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void CreateStatusBar();
+    void CreateCommandBars();
+    QDockWidget* CreatePane(int id, const QString& title, QWidget* dialog, QSize created,
+                            QSize smallest, QSize largest);
+    void CreatePanes();
+    void SaveInterfaceState();
+    void RestoreInterfaceState();
+    void LoadSkin();
+    void RefreshViews();
+
+    UstFolders m_folders;
+    uint16_t m_nLanguage;
+    CSplashScreenEx* m_pSplash = nullptr;
+    QMdiArea* m_pMdi = nullptr;
+    QTimer m_timer;
+    std::vector<QLabel*> m_panesStatus;
+    std::map<int, QDockWidget*> m_panes;
+    QImage m_backImage;
+    QString m_strBackImagePath;
+};
+
+}  // namespace orv

@@ -1,0 +1,40 @@
+#pragma once
+// The dialogs shown in the four docking panes. Their contents grow with the
+// features that fill them; for now each is an empty surface of its own class
+// so that the panes, their titles and their sizes are in place.
+
+#include <QWidget>
+
+namespace orv {
+
+class CPaneDialog : public QWidget {
+    Q_OBJECT
+public:
+    using QWidget::QWidget;
+};
+
+class CPreviewDlg : public CPaneDialog {  // "Slide": page thumbnails
+    Q_OBJECT
+public:
+    using CPaneDialog::CPaneDialog;
+};
+
+class CTextDlg : public CPaneDialog {  // "Outline": the pages' text
+    Q_OBJECT
+public:
+    using CPaneDialog::CPaneDialog;
+};
+
+class CPlayDlg : public CPaneDialog {  // "Play": shown in play mode
+    Q_OBJECT
+public:
+    using CPaneDialog::CPaneDialog;
+};
+
+class CPlayTextDlg : public CPaneDialog {  // "Text": shown in play mode
+    Q_OBJECT
+public:
+    using CPaneDialog::CPaneDialog;
+};
+
+}  // namespace orv
