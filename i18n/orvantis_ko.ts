@@ -2,204 +2,202 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR">
 <context>
-    <name>CDlgOptions</name>
+    <name>orv::CDlgOptions</name>
     <message>
         <source>Options</source>
-        <translation type="unfinished"></translation>
+        <translation>옵션</translation>
     </message>
     <message>
         <source>Program Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>프로그램 설정</translation>
     </message>
     <message>
         <source>Edit Options</source>
-        <translation type="unfinished"></translation>
+        <translation>편집 옵션</translation>
     </message>
 </context>
 <context>
-    <name>CMainFrame</name>
+    <name>orv::CMainFrame</name>
     <message>
         <source>Initializing...</source>
-        <translation type="unfinished"></translation>
+        <translation>초기화 중...</translation>
     </message>
     <message>
         <source>Loading fonts, icons, styles, ribbon menu...</source>
-        <translation type="unfinished"></translation>
+        <translation>글꼴, 아이콘, 스타일, 리본 메뉴를 불러오는 중...</translation>
     </message>
     <message>
         <source>Initializing docking panes...</source>
-        <translation type="unfinished"></translation>
+        <translation>도킹 창을 초기화하는 중...</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>파일(&amp;F)</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
-        <translation type="unfinished"></translation>
+        <translation>끝내기(&amp;X)</translation>
     </message>
     <message>
         <source>&amp;Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>도구(&amp;T)</translation>
     </message>
     <message>
         <source>&amp;Options...</source>
-        <translation type="unfinished"></translation>
+        <translation>옵션(&amp;O)...</translation>
     </message>
     <message>
         <source>Standard</source>
-        <translation type="unfinished"></translation>
+        <translation>표준</translation>
     </message>
     <message>
         <source>Slide</source>
-        <translation type="unfinished"></translation>
+        <translation>슬라이드</translation>
     </message>
     <message>
         <source>Outline</source>
-        <translation type="unfinished"></translation>
+        <translation>개요</translation>
     </message>
     <message>
         <source>Play</source>
-        <translation type="unfinished"></translation>
+        <translation>송출</translation>
     </message>
     <message>
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>텍스트</translation>
     </message>
     <message>
         <source>The image path is empty or invalid, please reset the path.</source>
-        <translation type="unfinished"></translation>
+        <translation>이미지 경로가 비어 있거나 올바르지 않습니다. 경로를 다시 지정하십시오.</translation>
     </message>
     <message>
         <source>To apply language setting, the program must be restarted. Terminate program?</source>
-        <translation type="unfinished"></translation>
+        <translation>언어 설정을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?</translation>
     </message>
     <message>
         <source>Please stop automatic play out to exit play mode.</source>
-        <translation type="unfinished"></translation>
+        <translation>송출 모드를 끝내려면 자동 송출을 먼저 정지하십시오.</translation>
     </message>
-</context>
-<context>
-    <name>CSplashScreenEx</name>
-    <message>
-        <source>Initializing...</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>CTabEnvEdit</name>
-    <message>
-        <source>Background</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Color</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Checkerboard</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Image</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Color:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Checker size:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Image:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Guides</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Use Grid</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Use Safety Zone</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Outer frame:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Inner frame:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Mark SD Area</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>All Formats (*.*)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The file to be inserted is unsupported.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>CTabProgram</name>
-    <message>
-        <source>Display preview window on the left side</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Automatic backup saving period:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source> min</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Korean</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>English</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Language:</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>CZevrantDoc</name>
-    <message>
-        <source>New Project</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>CZevrantView</name>
-    <message>
-        <source> is saved.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>QObject</name>
     <message>
         <source>Program was not closed properly.
 Recovering from the last modification.</source>
-        <translation type="unfinished"></translation>
+        <translation>프로그램이 정상적으로 종료되지 않았습니다.
+마지막 수정 내용으로 복구합니다.</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CSplashScreenEx</name>
+    <message>
+        <source>Initializing...</source>
+        <translation>초기화 중...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CTabEnvEdit</name>
+    <message>
+        <source>Background</source>
+        <translation>배경</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>색상</translation>
+    </message>
+    <message>
+        <source>Checkerboard</source>
+        <translation>체커보드</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>이미지</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>색상:</translation>
+    </message>
+    <message>
+        <source>Checker size:</source>
+        <translation>체커 크기:</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Image:</source>
+        <translation>이미지:</translation>
+    </message>
+    <message>
+        <source>Guides</source>
+        <translation>안내선</translation>
+    </message>
+    <message>
+        <source>Use Grid</source>
+        <translation>격자 사용</translation>
+    </message>
+    <message>
+        <source>Use Safety Zone</source>
+        <translation>안전 영역 사용</translation>
+    </message>
+    <message>
+        <source>Outer frame:</source>
+        <translation>바깥 테두리:</translation>
+    </message>
+    <message>
+        <source>Inner frame:</source>
+        <translation>안쪽 테두리:</translation>
+    </message>
+    <message>
+        <source>Mark SD Area</source>
+        <translation>SD 영역 표시</translation>
+    </message>
+    <message>
+        <source>All Formats (*.*)</source>
+        <translation>모든 형식 (*.*)</translation>
+    </message>
+    <message>
+        <source>The file to be inserted is unsupported.</source>
+        <translation>삽입하려는 파일은 지원되지 않는 형식입니다.</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CTabProgram</name>
+    <message>
+        <source>Display preview window on the left side</source>
+        <translation>미리보기 창을 왼쪽에 표시</translation>
+    </message>
+    <message>
+        <source>Automatic backup saving period:</source>
+        <translation>자동 백업 저장 주기:</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> 분</translation>
+    </message>
+    <message>
+        <source>Korean</source>
+        <translation>한국어</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>Language:</source>
+        <translation>언어:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CZevrantDoc</name>
+    <message>
+        <source>New Project</source>
+        <translation>새 프로젝트</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CZevrantView</name>
+    <message>
+        <source> is saved.</source>
+        <translation> 파일이 저장되었습니다.</translation>
     </message>
 </context>
 </TS>

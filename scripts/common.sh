@@ -5,6 +5,7 @@
 ORV_PACKAGES=(
     build-essential cmake ninja-build ccache pkg-config
     qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl-dev
+    qt6-translations-l10n
     qt6-image-formats-plugins
     libfreetype-dev libfontconfig-dev fonts-dejavu-core fonts-unfonts-core
     libgtest-dev libgmock-dev googletest libbenchmark-dev

@@ -1,6 +1,7 @@
 #include "shell/language.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
@@ -20,7 +21,10 @@ uint16_t ChooseLanguage(const std::filesystem::path& envIni, const QLocale& syst
     return LanguageFromLocale(system);
 }
 
-bool InstallTranslation(uint16_t language, QTranslator& translator) {
+bool InstallTranslation(uint16_t language, QTranslator& translator, QTranslator& toolkit) {
+    if (language == LANG_KOREAN &&
+        toolkit.load("qtbase_ko", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&toolkit);
     const QString name = language == LANG_KOREAN ? "orvantis_ko" : "orvantis_en";
     if (!translator.load(name, ":/i18n")) return false;
     return QCoreApplication::installTranslator(&translator);

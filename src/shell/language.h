@@ -16,7 +16,8 @@ uint16_t LanguageFromLocale(const QLocale& locale);
 // cannot be read.
 uint16_t ChooseLanguage(const std::filesystem::path& envIni, const QLocale& system);
 
-// Loads the matching translation into translator and installs it.
-bool InstallTranslation(uint16_t language, QTranslator& translator);
+// Loads the matching translation into translator and installs it; the
+// toolkit's own texts (standard buttons, file dialogs) go into toolkit.
+bool InstallTranslation(uint16_t language, QTranslator& translator, QTranslator& toolkit);
 
 }  // namespace orv

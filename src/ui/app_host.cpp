@@ -23,13 +23,12 @@ bool CAppHost::InitToolkit() {
     if (!home.isEmpty())
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                            QString::fromLocal8Bit(home) + "/.config");
-    QApplication::setApplicationDisplayName(APP_NAME);
     return true;
 }
 
 void CAppHost::ApplyLanguage(uint16_t language) {
     m_nLanguage = language;
-    InstallTranslation(language, m_translator);
+    InstallTranslation(language, m_translator, m_toolkitTranslator);
 }
 
 bool CAppHost::CreateMainFrame() {
@@ -69,7 +68,7 @@ bool CAppHost::ActiveProjectNeedsRecovery() { return false; }
 void CAppHost::ShowRecoveryMessage() {
     QMessageBox::information(
         m_pFrame, m_pFrame->windowTitle(),
-        QObject::tr("Program was not closed properly.\nRecovering from the last modification."));
+        CMainFrame::tr("Program was not closed properly.\nRecovering from the last modification."));
 }
 
 void CAppHost::FocusMainFrame() {

@@ -40,6 +40,7 @@ private:
     QStringList m_arguments;
     uint16_t m_nLanguage = 9;
     QTranslator m_translator;
+    QTranslator m_toolkitTranslator;
     CMainFrame* m_pFrame = nullptr;
     CKeyRouter* m_pKeyRouter = nullptr;
     std::vector<CZevrantDoc*> m_docs;

@@ -97,6 +97,8 @@ void CMainFrame::CreateStatusBar() {
         auto* label = new QLabel(this);
         label->setObjectName(QString("pane%1").arg(pane.nId));
         label->setMinimumWidth(pane.nWidth);
+        label->setFrameShape(QFrame::StyledPanel);
+        label->setFrameShadow(QFrame::Sunken);
         statusBar()->addPermanentWidget(label);
         m_panesStatus.push_back(label);
     }

@@ -94,6 +94,8 @@ void CZevrantView::paintEvent(QPaintEvent* event) {
     QPainter p(this);
     const QColor surround = QColor::fromRgba(SURROUND);
     const bool editing = !m_pFrame || m_pFrame->m_nPlayState == 0;
+    // Sizes that arrived while the program was starting were not acted on.
+    if (editing && m_pSurface.empty()) FitAndRender();
     if (!editing || m_pSurface.empty()) {
         p.fillRect(event->rect(), surround);
         return;

@@ -1,0 +1,89 @@
+#!/usr/bin/env python3
+"""Fills i18n/*.ts: English repeats its source texts, Korean takes the texts
+below. Run from the repository root after changing strings, following
+
+    lupdate -no-obsolete -locations none src/ui src/shell \
+        -ts i18n/orvantis_en.ts i18n/orvantis_ko.ts
+"""
+import html
+import re
+import sys
+
+KO = {
+    "Options": "옵션",
+    "Program Settings": "프로그램 설정",
+    "Edit Options": "편집 옵션",
+    "Initializing...": "초기화 중...",
+    "Loading fonts, icons, styles, ribbon menu...": "글꼴, 아이콘, 스타일, 리본 메뉴를 불러오는 중...",
+    "Initializing docking panes...": "도킹 창을 초기화하는 중...",
+    "&File": "파일(&F)",
+    "E&xit": "끝내기(&X)",
+    "&Tools": "도구(&T)",
+    "&Options...": "옵션(&O)...",
+    "Standard": "표준",
+    "Slide": "슬라이드",
+    "Outline": "개요",
+    "Play": "송출",
+    "Text": "텍스트",
+    "The image path is empty or invalid, please reset the path.":
+        "이미지 경로가 비어 있거나 올바르지 않습니다. 경로를 다시 지정하십시오.",
+    "To apply language setting, the program must be restarted. Terminate program?":
+        "언어 설정을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?",
+    "Please stop automatic play out to exit play mode.":
+        "송출 모드를 끝내려면 자동 송출을 먼저 정지하십시오.",
+    "Program was not closed properly.\nRecovering from the last modification.":
+        "프로그램이 정상적으로 종료되지 않았습니다.\n마지막 수정 내용으로 복구합니다.",
+    "Background": "배경",
+    "Color": "색상",
+    "Checkerboard": "체커보드",
+    "Image": "이미지",
+    "Color:": "색상:",
+    "Checker size:": "체커 크기:",
+    "...": "...",
+    "Image:": "이미지:",
+    "Guides": "안내선",
+    "Use Grid": "격자 사용",
+    "Use Safety Zone": "안전 영역 사용",
+    "Outer frame:": "바깥 테두리:",
+    "Inner frame:": "안쪽 테두리:",
+    "Mark SD Area": "SD 영역 표시",
+    "All Formats (*.*)": "모든 형식 (*.*)",
+    "The file to be inserted is unsupported.": "삽입하려는 파일은 지원되지 않는 형식입니다.",
+    "Display preview window on the left side": "미리보기 창을 왼쪽에 표시",
+    "Automatic backup saving period:": "자동 백업 저장 주기:",
+    " min": " 분",
+    "Korean": "한국어",
+    "English": "English",
+    "Language:": "언어:",
+    "New Project": "새 프로젝트",
+    " is saved.": " 파일이 저장되었습니다.",
+}
+
+MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)
+
+
+def fill(path, table):
+    text = open(path, encoding="utf-8").read()
+    missing = []
+
+    def repl(m):
+        source = html.unescape(m.group(2))
+        target = source if table is None else table.get(source)
+        if target is None:
+            missing.append(source)
+            return m.group(0)
+        return m.group(1) + m.group(2) + m.group(3) + \
+            "<translation>" + html.escape(target, quote=False) + "</translation>"
+
+    text = MESSAGE.sub(repl, text)
+    # The classes live in namespace orv, which is part of their translation
+    # context at run time; lupdate leaves it out.
+    text = re.sub(r"<name>(?!orv::)(C\w+)</name>", r"<name>orv::\1</name>", text)
+    open(path, "w", encoding="utf-8").write(text)
+    return missing
+
+
+missing = fill("i18n/orvantis_ko.ts", KO) + fill("i18n/orvantis_en.ts", None)
+for m in missing:
+    print("untranslated:", repr(m), file=sys.stderr)
+sys.exit(1 if missing else 0)
