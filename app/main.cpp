@@ -11,9 +11,12 @@ int main(int argc, char** argv) {
     const std::filesystem::path programFolder =
         QDir(QApplication::applicationDirPath()).absolutePath().toStdString();
     switch (app.InitInstance(host, programFolder)) {
-        case orv::EStartResult::ALREADY_RUNNING: return 0;
-        case orv::EStartResult::FAILED: return 1;
-        case orv::EStartResult::STARTED: break;
+        case orv::EStartResult::ALREADY_RUNNING:
+            return 0;
+        case orv::EStartResult::FAILED:
+            return 1;
+        case orv::EStartResult::STARTED:
+            break;
     }
     const int code = QApplication::exec();
     host.DestroyMainFrame();

@@ -19,7 +19,8 @@ constexpr size_t N = static_cast<size_t>(W) * H;
 template <typename F>
 double SecondsPerRun(F&& f, int runs) {
     const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < runs; ++i) f();
+    for (int i = 0; i < runs; ++i)
+        f();
     const std::chrono::duration<double> d = std::chrono::steady_clock::now() - start;
     return d.count() / runs;
 }

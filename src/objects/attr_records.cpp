@@ -15,7 +15,8 @@ UstFill MakeBlankFill(bool first) {
     f.clrSolid = OPAQUE_BLACK;
     f.nAngle = 90;
     f.nImageFit = 1;
-    for (uint32_t& c : f.clrStop) c = OPAQUE_BLACK;
+    for (uint32_t& c : f.clrStop)
+        c = OPAQUE_BLACK;
     if (first) {
         f.nStops = 3;
         f.fPos[0] = 0.0f;
@@ -33,7 +34,8 @@ UstFill MakeBlankFill(bool first) {
 
 UstAttr MakeBlankAttr() {
     UstAttr a;
-    for (int i = 0; i < UstAttr::PAINT_COUNT; ++i) a.fill[i] = MakeBlankFill(i == 0);
+    for (int i = 0; i < UstAttr::PAINT_COUNT; ++i)
+        a.fill[i] = MakeBlankFill(i == 0);
     return a;
 }
 

@@ -11,15 +11,15 @@ namespace orv {
 
 // One paint: solid colour, gradient or image.
 struct UstFill {
-    uint32_t nType;            // 0 solid, 1 gradient, 2 image
-    uint32_t clrSolid;         // ARGB
-    uint32_t nGradientKind;    // 0 linear, 1 radial
-    int16_t nAngle;            // direction of a linear gradient, degrees
-    int16_t nStops;            // stops in use, at most 16
-    float fPos[16];            // stop positions, 0 to 1
-    uint32_t clrStop[16];      // ARGB of each stop
-    char16_t szImage[260];     // image file of an image fill, zero terminated
-    uint32_t nImageFit;        // 1 stretch over the box; else keep size at the corner
+    uint32_t nType;          // 0 solid, 1 gradient, 2 image
+    uint32_t clrSolid;       // ARGB
+    uint32_t nGradientKind;  // 0 linear, 1 radial
+    int16_t nAngle;          // direction of a linear gradient, degrees
+    int16_t nStops;          // stops in use, at most 16
+    float fPos[16];          // stop positions, 0 to 1
+    uint32_t clrStop[16];    // ARGB of each stop
+    char16_t szImage[260];   // image file of an image fill, zero terminated
+    uint32_t nImageFit;      // 1 stretch over the box; else keep size at the corner
 };
 static_assert(sizeof(UstFill) == 668);
 
@@ -33,15 +33,15 @@ static_assert(sizeof(UstAttr) == 4008);
 // Sizes of the edge, outline and shadow effects; seventeen 32-bit words.
 struct UstEffect {
     int32_t nRes0, nRes1, nRes2;
-    int32_t nEdge;         // 0 to 30
-    int32_t nOutline;      // 0 to 30
-    int32_t nEdgeSoft;     // 0 to 20
+    int32_t nEdge;      // 0 to 30
+    int32_t nOutline;   // 0 to 30
+    int32_t nEdgeSoft;  // 0 to 20
     int32_t nRes6, nRes7;
-    int32_t nShadowType;   // 0 "Drop", 1 "Drag"
-    int32_t nShadowX;      // -50 to 50
-    int32_t nShadowY;      // -50 to 50
+    int32_t nShadowType;  // 0 "Drop", 1 "Drag"
+    int32_t nShadowX;     // -50 to 50
+    int32_t nShadowY;     // -50 to 50
     int32_t nRes11, nRes12;
-    int32_t nShadowSoft;   // 0 to 20
+    int32_t nShadowSoft;  // 0 to 20
     int32_t nRes14, nRes15, nRes16;
 };
 static_assert(sizeof(UstEffect) == 68);

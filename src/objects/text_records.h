@@ -9,10 +9,10 @@ namespace orv {
 #pragma pack(push, 1)
 
 struct UstFontBlock {
-    uint8_t nCharSet;        // character set of the font
-    uint8_t nPitchFamily;    // pitch and family of the font
-    int32_t nSize;           // size in points
-    char16_t szFace[32];     // face name, zero terminated
+    uint8_t nCharSet;      // character set of the font
+    uint8_t nPitchFamily;  // pitch and family of the font
+    int32_t nSize;         // size in points
+    char16_t szFace[32];   // face name, zero terminated
 };
 static_assert(sizeof(UstFontBlock) == 70);
 

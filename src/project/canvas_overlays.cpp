@@ -20,10 +20,12 @@ struct Canvas {
         if (x >= 0 && y >= 0 && x < w && y < h) bits[static_cast<size_t>(y) * w + x] = c;
     }
     void Row(int y, int x0, int x1, uint32_t c) {
-        for (int x = x0; x < x1; ++x) Put(x, y, c);
+        for (int x = x0; x < x1; ++x)
+            Put(x, y, c);
     }
     void Col(int x, int y0, int y1, uint32_t c) {
-        for (int y = y0; y < y1; ++y) Put(x, y, c);
+        for (int y = y0; y < y1; ++y)
+            Put(x, y, c);
     }
 };
 
@@ -75,7 +77,8 @@ void Grid(Canvas& cv, uint32_t spacing, uint32_t colour, float zoom) {
     const int step = static_cast<int>(static_cast<float>(spacing) * zoom / 100.0f);
     if (step <= 0 || step >= cv.h) return;
     for (int y = step; y < cv.h; y += step)
-        for (int x = step; x < cv.w; x += step) cv.Put(x, y, colour);
+        for (int x = step; x < cv.w; x += step)
+            cv.Put(x, y, colour);
 }
 
 }  // namespace

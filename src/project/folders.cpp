@@ -52,9 +52,8 @@ UstFolders ResolveFolders(const UstFolderInputs& in, const fs::path& programFold
     f.programFolder = programFolder;
     fs::path home = in.orvantisHome.empty() ? fs::path(in.home) : fs::path(in.orvantisHome);
     if (home.empty()) home = fs::temp_directory_path();
-    fs::path data = (!in.orvantisHome.empty() || in.xdgDataHome.empty())
-                        ? home / ".local" / "share"
-                        : fs::path(in.xdgDataHome);
+    fs::path data = (!in.orvantisHome.empty() || in.xdgDataHome.empty()) ? home / ".local" / "share"
+                                                                         : fs::path(in.xdgDataHome);
     f.sharedDataFolder = data / MAKER;
     f.settingsFolder = f.sharedDataFolder / PRODUCT;
     f.projectsFolder = home / "Documents" / (std::string(PRODUCT) + " Projects");

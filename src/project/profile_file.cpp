@@ -14,8 +14,10 @@ namespace {
 
 std::string Trim(std::string_view s) {
     size_t b = 0, e = s.size();
-    while (b < e && (s[b] == ' ' || s[b] == '\t' || s[b] == '\r')) ++b;
-    while (e > b && (s[e - 1] == ' ' || s[e - 1] == '\t' || s[e - 1] == '\r')) --e;
+    while (b < e && (s[b] == ' ' || s[b] == '\t' || s[b] == '\r'))
+        ++b;
+    while (e > b && (s[e - 1] == ' ' || s[e - 1] == '\t' || s[e - 1] == '\r'))
+        --e;
     return std::string(s.substr(b, e - b));
 }
 
@@ -156,7 +158,8 @@ bool DecodeProfileStruct(std::string_view text, void* data, size_t size) {
         bytes[i] = static_cast<uint8_t>(hi * 16 + lo);
     }
     uint8_t sum = 0;
-    for (size_t i = 0; i < size; ++i) sum = static_cast<uint8_t>(sum + bytes[i]);
+    for (size_t i = 0; i < size; ++i)
+        sum = static_cast<uint8_t>(sum + bytes[i]);
     if (sum != bytes[size]) return false;
     std::memcpy(data, bytes.data(), size);
     return true;

@@ -47,7 +47,8 @@ UstDefaultAttr MakeDefaultDefaultAttr(const std::u16string& guiFace) {
 
 QString FixedToQString(const char16_t* field, size_t capacity) {
     size_t n = 0;
-    while (n < capacity && field[n] != 0) ++n;
+    while (n < capacity && field[n] != 0)
+        ++n;
     return QString::fromUtf16(field, static_cast<qsizetype>(n));
 }
 
@@ -57,7 +58,8 @@ void QStringToFixed(const QString& text, char16_t* field, size_t capacity) {
     size_t n = std::min(static_cast<size_t>(text.size()), capacity - 1);
     // Never leave half of a surrogate pair at the end.
     if (n > 0 && QChar::isHighSurrogate(text.at(static_cast<qsizetype>(n - 1)).unicode())) --n;
-    for (size_t i = 0; i < n; ++i) field[i] = text.at(static_cast<qsizetype>(i)).unicode();
+    for (size_t i = 0; i < n; ++i)
+        field[i] = text.at(static_cast<qsizetype>(i)).unicode();
 }
 
 }  // namespace orv

@@ -22,18 +22,18 @@ enum EBackKind : uint32_t { BACK_COLOR = 0, BACK_CHECKER = 1, BACK_IMAGE = 2 };
 struct UstEnv {
     uint32_t bPreviewLeft;
     uint32_t bAutoSave;
-    uint32_t nAutoSaveMin;   // 1 to 60
-    uint16_t nLanguage;      // 9 English, 18 Korean
-    uint32_t nBackKind;      // EBackKind
-    uint32_t clrBack;        // ARGB
-    uint32_t nCheckerSize;   // 10 to 20
+    uint32_t nAutoSaveMin;  // 1 to 60
+    uint16_t nLanguage;     // 9 English, 18 Korean
+    uint32_t nBackKind;     // EBackKind
+    uint32_t clrBack;       // ARGB
+    uint32_t nCheckerSize;  // 10 to 20
     char16_t szBackImage[260];
     uint32_t bGrid;
-    uint32_t nGridStep;      // 5 to 50
-    uint32_t clrGrid;        // ARGB
+    uint32_t nGridStep;  // 5 to 50
+    uint32_t clrGrid;    // ARGB
     uint32_t bSafety;
-    uint32_t nSafeOuter;     // percent, 1 to 15
-    uint32_t nSafeInner;     // percent, 16 to 30 on the slider; the default 11 lies below
+    uint32_t nSafeOuter;  // percent, 1 to 15
+    uint32_t nSafeInner;  // percent, 16 to 30 on the slider; the default 11 lies below
     uint32_t bMarkSD;
     uint8_t reserved[16];
 };

@@ -11,7 +11,9 @@ void FillPixels(uint32_t colour, uint32_t* dst, int width, int height) {
     std::fill_n(dst, static_cast<size_t>(width) * static_cast<size_t>(height), colour);
 }
 
-void ClearPixels(uint32_t* dst, int width, int height) { FillPixels(0, dst, width, height); }
+void ClearPixels(uint32_t* dst, int width, int height) {
+    FillPixels(0, dst, width, height);
+}
 
 void DrawCheckerPixels(uint32_t* dst, int width, int height, int cell) {
     constexpr uint32_t LIGHT = 0xFFE0E0E0u;

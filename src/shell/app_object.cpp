@@ -15,13 +15,17 @@ constexpr int FRAME_WIDTH_NO_BOARD = 1920;
 constexpr int FRAME_HEIGHT_NO_BOARD = 1080;
 }  // namespace
 
-CZevrantApp::CZevrantApp() { g_pApp = this; }
+CZevrantApp::CZevrantApp() {
+    g_pApp = this;
+}
 
 CZevrantApp::~CZevrantApp() {
     if (g_pApp == this) g_pApp = nullptr;
 }
 
-CZevrantApp* CZevrantApp::Get() { return g_pApp; }
+CZevrantApp* CZevrantApp::Get() {
+    return g_pApp;
+}
 
 EStartResult CZevrantApp::InitInstance(IAppHost& host, const std::filesystem::path& programFolder,
                                        const std::filesystem::path& lockFile) {
@@ -73,7 +77,9 @@ UstSize CZevrantApp::GetThumbSize() const {
     return ThumbSizeFor(m_nBoardType, m_nPageFormat, GetFrameSize().cy);
 }
 
-UstAspect CZevrantApp::GetPixelAspect() const { return AspectForHeight(GetFrameSize().cy); }
+UstAspect CZevrantApp::GetPixelAspect() const {
+    return AspectForHeight(GetFrameSize().cy);
+}
 
 UstSize CZevrantApp::ThumbSizeFor(int boardType, int pageFormat, int frameHeight) {
     if (boardType == 5) return {300, pageFormat != 0 ? 170 : 225};
@@ -82,10 +88,14 @@ UstSize CZevrantApp::ThumbSizeFor(int boardType, int pageFormat, int frameHeight
 
 UstAspect CZevrantApp::AspectForHeight(int frameHeight) {
     switch (frameHeight) {
-        case 486: return {1.125, 1.0};
-        case 576: return {1.125, 1.2};
-        case 720: return {0.66667, 0.66667};
-        default: return {1.0, 1.0};
+        case 486:
+            return {1.125, 1.0};
+        case 576:
+            return {1.125, 1.2};
+        case 720:
+            return {0.66667, 0.66667};
+        default:
+            return {1.0, 1.0};
     }
 }
 

@@ -5,7 +5,9 @@
 
 namespace orv {
 
-bool ShouldAutoSave(const UstEnv& env, int playState) { return env.bAutoSave && playState == 0; }
+bool ShouldAutoSave(const UstEnv& env, int playState) {
+    return env.bAutoSave && playState == 0;
+}
 
 int AutoSavePeriodMs(const UstEnv& env) {
     const uint32_t minutes = std::clamp<uint32_t>(env.nAutoSaveMin, 1, 60);

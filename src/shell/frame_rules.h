@@ -20,7 +20,7 @@ struct UstOptionsOutcome {
     bool bEditRejected = false;  // image backdrop without a usable file
     bool bEditTaken = false;     // the page must be redrawn
     bool bRestartTimer = false;
-    bool bAskRestart = false;    // the language changed
+    bool bAskRestart = false;  // the language changed
 };
 
 // Takes the dialog's two copies into the frame's record. fileExists answers

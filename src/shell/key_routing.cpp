@@ -18,18 +18,25 @@ constexpr unsigned X11_MOD2_NUMLOCK = 0x10;
 
 // Home, Left, Up, Right, Down, Prior, Next, End: the order of both the keypad
 // keysyms (0xff95...) and the separate cluster (0xff50...).
-constexpr int NAV_ORDER[8] = {vk::HOME, vk::LEFT, vk::UP, vk::RIGHT,
+constexpr int NAV_ORDER[8] = {vk::HOME, vk::LEFT,  vk::UP,   vk::RIGHT,
                               vk::DOWN, vk::PRIOR, vk::NEXT, vk::END};
 
 int KeypadOperator(uint32_t keysym) {
     switch (keysym) {
-        case 0xffaa: return vk::MULTIPLY;
-        case 0xffab: return vk::ADD;
-        case 0xffac: return vk::SEPARATOR;
-        case 0xffad: return vk::SUBTRACT;
-        case 0xffae: return vk::DECIMAL;
-        case 0xffaf: return vk::DIVIDE;
-        default: return 0;
+        case 0xffaa:
+            return vk::MULTIPLY;
+        case 0xffab:
+            return vk::ADD;
+        case 0xffac:
+            return vk::SEPARATOR;
+        case 0xffad:
+            return vk::SUBTRACT;
+        case 0xffae:
+            return vk::DECIMAL;
+        case 0xffaf:
+            return vk::DIVIDE;
+        default:
+            return 0;
     }
 }
 
@@ -67,30 +74,48 @@ UstKeyInfo FromKeysym(uint32_t ks) {
 
 int NavFromQt(int qtKey) {
     switch (qtKey) {
-        case Qt::Key_Home: return vk::HOME;
-        case Qt::Key_Left: return vk::LEFT;
-        case Qt::Key_Up: return vk::UP;
-        case Qt::Key_Right: return vk::RIGHT;
-        case Qt::Key_Down: return vk::DOWN;
-        case Qt::Key_PageUp: return vk::PRIOR;
-        case Qt::Key_PageDown: return vk::NEXT;
-        case Qt::Key_End: return vk::END;
-        case Qt::Key_Insert: return vk::INSERT;
-        case Qt::Key_Delete: return vk::DELETE_;
-        default: return 0;
+        case Qt::Key_Home:
+            return vk::HOME;
+        case Qt::Key_Left:
+            return vk::LEFT;
+        case Qt::Key_Up:
+            return vk::UP;
+        case Qt::Key_Right:
+            return vk::RIGHT;
+        case Qt::Key_Down:
+            return vk::DOWN;
+        case Qt::Key_PageUp:
+            return vk::PRIOR;
+        case Qt::Key_PageDown:
+            return vk::NEXT;
+        case Qt::Key_End:
+            return vk::END;
+        case Qt::Key_Insert:
+            return vk::INSERT;
+        case Qt::Key_Delete:
+            return vk::DELETE_;
+        default:
+            return 0;
     }
 }
 
 int KeypadFromQt(int qtKey) {
     if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) return vk::NUMPAD0 + (qtKey - Qt::Key_0);
     switch (qtKey) {
-        case Qt::Key_Asterisk: return vk::MULTIPLY;
-        case Qt::Key_Plus: return vk::ADD;
-        case Qt::Key_Minus: return vk::SUBTRACT;
-        case Qt::Key_Period: return vk::DECIMAL;
-        case Qt::Key_Slash: return vk::DIVIDE;
-        case Qt::Key_Clear: return vk::CLEAR;
-        default: return 0;
+        case Qt::Key_Asterisk:
+            return vk::MULTIPLY;
+        case Qt::Key_Plus:
+            return vk::ADD;
+        case Qt::Key_Minus:
+            return vk::SUBTRACT;
+        case Qt::Key_Period:
+            return vk::DECIMAL;
+        case Qt::Key_Slash:
+            return vk::DIVIDE;
+        case Qt::Key_Clear:
+            return vk::CLEAR;
+        default:
+            return 0;
     }
 }
 
@@ -152,8 +177,8 @@ EKeyRoute RouteKey(const UstKeyInfo& k, int playState) {
     if (!k.bSysKey) {
         if (k.bCtrl || k.bShift || k.bAlt) return EKeyRoute::PASS;
         if (k.nVk == vk::F12) return EKeyRoute::TAKE;
-        const bool keptOnAir = k.nVk == vk::MULTIPLY || k.nVk == vk::ADD ||
-                               k.nVk == vk::SUBTRACT || k.nVk == vk::F11;
+        const bool keptOnAir =
+            k.nVk == vk::MULTIPLY || k.nVk == vk::ADD || k.nVk == vk::SUBTRACT || k.nVk == vk::F11;
         if (playState == 2 && !keptOnAir) return EKeyRoute::SWALLOW;
         if (TakenFromKeypad(k)) return EKeyRoute::TAKE;
     }
@@ -165,11 +190,23 @@ UstHotKey CanvasHotKey(const UstKeyInfo& k, const UstHotKeyContext& ctx) {
     int v = k.nVk;
     bool extended = k.bExtended;
     switch (v) {
-        case vk::F8: v = vk::PRIOR; extended = false; break;
-        case vk::F9: v = vk::NEXT; extended = false; break;
-        case vk::F10: v = vk::RETURN; extended = false; break;
-        case vk::F11: v = vk::MULTIPLY; break;
-        default: break;
+        case vk::F8:
+            v = vk::PRIOR;
+            extended = false;
+            break;
+        case vk::F9:
+            v = vk::NEXT;
+            extended = false;
+            break;
+        case vk::F10:
+            v = vk::RETURN;
+            extended = false;
+            break;
+        case vk::F11:
+            v = vk::MULTIPLY;
+            break;
+        default:
+            break;
     }
     const bool fromF10 = k.nVk == vk::F10;
     bool acts = true;

@@ -23,7 +23,7 @@ constexpr int F1 = 112, F8 = 119, F9 = 120, F10 = 121, F11 = 122, F12 = 123;
 }  // namespace vk
 
 struct UstKeyInfo {
-    int nVk = 0;          // virtual-key number, 0 when the key has none we care for
+    int nVk = 0;             // virtual-key number, 0 when the key has none we care for
     bool bExtended = false;  // the separate cluster, or keypad Enter
     bool bNumLock = false;
     bool bCtrl = false, bShift = false, bAlt = false;
@@ -47,7 +47,7 @@ struct UstHotKeyContext {
     bool bHasBoard = false;
     bool bPageFitsCard = false;  // the page's format matches the card's mode
     bool bPlaying = false;
-    bool bKeyDown = true;        // the key is really down now
+    bool bKeyDown = true;  // the key is really down now
 };
 struct UstHotKey {
     EHotKey action = EHotKey::NONE;

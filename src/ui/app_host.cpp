@@ -14,7 +14,9 @@ namespace orv {
 CAppHost::CAppHost(CZevrantApp& app, QStringList arguments)
     : m_app(app), m_arguments(std::move(arguments)) {}
 
-CAppHost::~CAppHost() { DestroyMainFrame(); }
+CAppHost::~CAppHost() {
+    DestroyMainFrame();
+}
 
 bool CAppHost::InitToolkit() {
     // The interface layout lives with the rest of a separate home when one
@@ -34,12 +36,11 @@ void CAppHost::ApplyLanguage(uint16_t language) {
 bool CAppHost::CreateMainFrame() {
     m_pFrame = new CMainFrame(m_app.Folders(), m_nLanguage);
     if (!m_pFrame->OnCreate()) return false;
-    m_pKeyRouter = new CKeyRouter(
-        [this] { return m_pFrame ? m_pFrame->m_nPlayState : 0; },
-        [this](const UstKeyInfo& key) {
-            if (m_pFrame) m_pFrame->DispatchKey(key);
-        },
-        qApp);
+    m_pKeyRouter = new CKeyRouter([this] { return m_pFrame ? m_pFrame->m_nPlayState : 0; },
+                                  [this](const UstKeyInfo& key) {
+                                      if (m_pFrame) m_pFrame->DispatchKey(key);
+                                  },
+                                  qApp);
     qApp->installEventFilter(m_pKeyRouter);
     return true;
 }
@@ -57,13 +58,19 @@ void CAppHost::OpenStartProject() {
     m_pFrame->AddProjectWindow(doc);
 }
 
-int CAppHost::CurrentPageFormat() { return m_docs.empty() ? -1 : 1; }
+int CAppHost::CurrentPageFormat() {
+    return m_docs.empty() ? -1 : 1;
+}
 
-void CAppHost::ShowMainFrame() { m_pFrame->showMaximized(); }
+void CAppHost::ShowMainFrame() {
+    m_pFrame->showMaximized();
+}
 
 void CAppHost::CreatePlayEngine() {}
 
-bool CAppHost::ActiveProjectNeedsRecovery() { return false; }
+bool CAppHost::ActiveProjectNeedsRecovery() {
+    return false;
+}
 
 void CAppHost::ShowRecoveryMessage() {
     QMessageBox::information(

@@ -125,8 +125,8 @@ QDockWidget* CMainFrame::CreatePane(int id, const QString& title, QWidget* dialo
     dock->setMinimumSize(smallest);
     dock->setMaximumSize(largest);
     dialog->resize(created);
-    const Qt::DockWidgetArea area = m_Env.bPreviewLeft ? Qt::LeftDockWidgetArea
-                                                       : Qt::RightDockWidgetArea;
+    const Qt::DockWidgetArea area =
+        m_Env.bPreviewLeft ? Qt::LeftDockWidgetArea : Qt::RightDockWidgetArea;
     addDockWidget(area, dock);
     resizeDocks({dock}, {created.width()}, Qt::Horizontal);
     m_panes[id] = dock;
@@ -261,12 +261,14 @@ void CMainFrame::ShowOptions() {
             this, windowTitle(),
             tr("To apply language setting, the program must be restarted. Terminate program?"),
             QMessageBox::Yes | QMessageBox::No);
-        if (answer == QMessageBox::Yes) QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);
+        if (answer == QMessageBox::Yes)
+            QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);
     }
 }
 
 void CMainFrame::RefreshViews() {
-    for (CZevrantView* view : Views()) view->RefreshCanvas();
+    for (CZevrantView* view : Views())
+        view->RefreshCanvas();
 }
 
 void CMainFrame::OnPlayNotify(int what, int arg) {

@@ -46,6 +46,7 @@ public:
 
     void DispatchKey(const UstKeyInfo& key);
     void RestartAutoSaveTimer();
+    int AutoSaveInterval() const { return m_timer.isActive() ? m_timer.interval() : 0; }
     void OnTimer();
     void ShowOptions();
 

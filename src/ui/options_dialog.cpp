@@ -183,8 +183,8 @@ bool CTabEnvEdit::IsSupportedPicture(const QString& path) {
 }
 
 void CTabEnvEdit::ChooseImage() {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Image"), m_pImage->text(),
-                                                      tr("All Formats (*.*)"));
+    const QString file =
+        QFileDialog::getOpenFileName(this, tr("Image"), m_pImage->text(), tr("All Formats (*.*)"));
     if (file.isEmpty()) return;
     if (!IsSupportedPicture(file)) {
         QMessageBox::warning(this, windowTitle(), tr("The file to be inserted is unsupported."));
@@ -210,7 +210,11 @@ CDlgOptions::CDlgOptions(const UstEnv& env, uint16_t interfaceLanguage, QWidget*
     layout->addWidget(buttons);
 }
 
-UstEnv CDlgOptions::ProgramCopy() const { return m_pProgram->Copy(); }
-UstEnv CDlgOptions::EditCopy() const { return m_pEdit->Copy(); }
+UstEnv CDlgOptions::ProgramCopy() const {
+    return m_pProgram->Copy();
+}
+UstEnv CDlgOptions::EditCopy() const {
+    return m_pEdit->Copy();
+}
 
 }  // namespace orv

@@ -101,9 +101,10 @@ void CZevrantView::paintEvent(QPaintEvent* event) {
         return;
     }
     const QRegion outside = QRegion(rect()) - QRegion(m_rcPage);
-    for (const QRect& r : outside) p.fillRect(r, surround);
-    const QImage image(reinterpret_cast<const uchar*>(m_pSurface.data()), m_nFitWidth,
-                       m_nFitHeight, m_nFitWidth * 4, QImage::Format_ARGB32_Premultiplied);
+    for (const QRect& r : outside)
+        p.fillRect(r, surround);
+    const QImage image(reinterpret_cast<const uchar*>(m_pSurface.data()), m_nFitWidth, m_nFitHeight,
+                       m_nFitWidth * 4, QImage::Format_ARGB32_Premultiplied);
     p.drawImage(m_rcPage.topLeft(), image);
     p.setPen(QColor(40, 44, 56));
     p.drawRect(m_rcPage.adjusted(-1, -1, 0, 0));

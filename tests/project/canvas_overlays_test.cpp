@@ -68,7 +68,7 @@ TEST(SafeArea, CrawlDrawsRowsAcrossRollDrawsColumnsDown) {
     EXPECT_EQ(crawl(0, 2), BLACK);
     EXPECT_EQ(crawl(39, 3), RED);
     EXPECT_EQ(crawl(0, 17), BLACK);
-    EXPECT_EQ(crawl(2, 8), BACK);  // no sides
+    EXPECT_EQ(crawl(2, 8), BACK);   // no sides
     EXPECT_EQ(crawl(20, 8), BACK);  // and no centre cross off a Cut page
     EXPECT_EQ(roll(2, 0), BLACK);
     EXPECT_EQ(roll(3, 19), RED);

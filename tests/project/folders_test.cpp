@@ -28,10 +28,19 @@ TEST(Folders, CreatedInOrderWithEmptyStyleLists) {
     const UstFolders f = ResolveFolders({"", "", home.string()}, home);
     const auto created = CreateWellKnownFolders(f);
     const fs::path s = f.StyleFolder();
-    const std::vector<fs::path> expected = {
-        f.sharedDataFolder, f.settingsFolder, s, s / "BACKPIC", s / "PICTURE", s / "SHAPE",
-        s / "TEXT", s / "COLOR", s / "TEXT/style.sttxt", s / "SHAPE/style.stshape",
-        s / "COLOR/style.stcolor", f.projectsFolder, f.workspacesFolder};
+    const std::vector<fs::path> expected = {f.sharedDataFolder,
+                                            f.settingsFolder,
+                                            s,
+                                            s / "BACKPIC",
+                                            s / "PICTURE",
+                                            s / "SHAPE",
+                                            s / "TEXT",
+                                            s / "COLOR",
+                                            s / "TEXT/style.sttxt",
+                                            s / "SHAPE/style.stshape",
+                                            s / "COLOR/style.stcolor",
+                                            f.projectsFolder,
+                                            f.workspacesFolder};
     EXPECT_EQ(created, expected);
     EXPECT_EQ(test::ReadFile(s / "SHAPE/style.stshape"), std::string(4, '\0'));
     // A second start finds everything in place and touches nothing.

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-
 #include "project/profile_file.h"
 #include "test_util.h"
 
@@ -33,7 +31,8 @@ TEST(ProfileStruct, DecodeRejectsDamageAndKeepsTheRecord) {
 TEST(ProfileFile, ReadsHandWrittenFilesWithoutCaseOrSpacing) {
     QTemporaryDir dir;
     const auto file = TempPath(dir, "a.ini");
-    WriteFile(file, "; comment\r\n[Other]\r\nkey=1\r\n\r\n[qrd_env_ini]\r\n  ENV_INI = 010203 \r\n");
+    WriteFile(file,
+              "; comment\r\n[Other]\r\nkey=1\r\n\r\n[qrd_env_ini]\r\n  ENV_INI = 010203 \r\n");
     EXPECT_EQ(ReadProfileString(file, "QRD_ENV_INI", "env_ini"), "010203");
     EXPECT_EQ(ReadProfileString(file, "Other", "key"), "1");
     EXPECT_FALSE(ReadProfileString(file, "Other", "env_ini"));
@@ -61,15 +60,19 @@ TEST(ProfileFile, NewFileHoldsOneSectionAndOneLine) {
     EXPECT_EQ(ReadFile(file), "[QRD_DATA_INI]\r\ndefault attribute=102030\r\n");
 }
 
-TEST(ProfileFile, FailedWriteLeavesTheFileAsItWas) {
-    if (geteuid() == 0) GTEST_SKIP() << "root writes through folder permissions";
+TEST(ProfileFile, FailedWriteReportsAndLeavesNothingBehind) {
     QTemporaryDir dir;
-    const auto file = TempPath(dir, "d.ini");
-    WriteFile(file, "[A]\r\nx=1\r\n");
-    chmod(dir.path().toLocal8Bit().constData(), 0500);
-    EXPECT_FALSE(WriteProfileString(file, "A", "x", "2"));
-    chmod(dir.path().toLocal8Bit().constData(), 0700);
-    EXPECT_EQ(ReadFile(file), "[A]\r\nx=1\r\n");
+    const auto missing = TempPath(dir, "no/such/folder/e.ini");
+    EXPECT_FALSE(WriteProfileString(missing, "A", "x", "1"));
+    EXPECT_FALSE(std::filesystem::exists(missing.parent_path()));
+    const auto folder = TempPath(dir, "f.ini");  // a folder where the file belongs
+    std::filesystem::create_directory(folder);
+    WriteFile(folder / "inside", "kept");
+    EXPECT_FALSE(WriteProfileString(folder, "A", "x", "1"));
+    EXPECT_EQ(ReadFile(folder / "inside"), "kept");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path().toStdString()),
+                            std::filesystem::directory_iterator()),
+              1);  // no temporary file left beside it
 }
 
 }  // namespace

@@ -18,7 +18,8 @@ TEST(EnvDefaults, ByteByByteAtTheirOffsets) {
     EXPECT_EQ(At<uint32_t>(e, 14), 1u);
     EXPECT_EQ(At<uint32_t>(e, 18), 0xFFFFFFFFu);
     EXPECT_EQ(At<uint32_t>(e, 22), 15u);
-    for (size_t i = 26; i < 546; ++i) EXPECT_EQ(At<uint8_t>(e, i), 0u) << i;
+    for (size_t i = 26; i < 546; ++i)
+        EXPECT_EQ(At<uint8_t>(e, i), 0u) << i;
     EXPECT_EQ(At<uint32_t>(e, 546), 0u);
     EXPECT_EQ(At<uint32_t>(e, 550), 10u);
     EXPECT_EQ(At<uint32_t>(e, 554), 0xFF000000u);
@@ -26,21 +27,23 @@ TEST(EnvDefaults, ByteByByteAtTheirOffsets) {
     EXPECT_EQ(At<uint32_t>(e, 562), 6u);
     EXPECT_EQ(At<uint32_t>(e, 566), 11u);
     EXPECT_EQ(At<uint32_t>(e, 570), 0u);
-    for (size_t i = 574; i < 590; ++i) EXPECT_EQ(At<uint8_t>(e, i), 0u) << i;
+    for (size_t i = 574; i < 590; ++i)
+        EXPECT_EQ(At<uint8_t>(e, i), 0u) << i;
 }
 
 TEST(DefaultAttrDefaults, BlocksInFileOrder) {
     const UstDefaultAttr d = MakeDefaultDefaultAttr(u"DejaVu Sans");
-    EXPECT_EQ(At<uint32_t>(d, 4), 0xFFFFFFFFu);          // body colour of the paints
-    EXPECT_EQ(At<int32_t>(d, 4008 + 12), 2);             // edge width
-    EXPECT_EQ(At<int32_t>(d, 4008 + 36), 2);             // shadow x
-    EXPECT_EQ(At<uint8_t>(d, 4076), 1u);                 // character set
-    EXPECT_EQ(At<uint8_t>(d, 4077), 0x22u);              // pitch and family
-    EXPECT_EQ(At<int32_t>(d, 4078), 72);                 // size
+    EXPECT_EQ(At<uint32_t>(d, 4), 0xFFFFFFFFu);  // body colour of the paints
+    EXPECT_EQ(At<int32_t>(d, 4008 + 12), 2);     // edge width
+    EXPECT_EQ(At<int32_t>(d, 4008 + 36), 2);     // shadow x
+    EXPECT_EQ(At<uint8_t>(d, 4076), 1u);         // character set
+    EXPECT_EQ(At<uint8_t>(d, 4077), 0x22u);      // pitch and family
+    EXPECT_EQ(At<int32_t>(d, 4078), 72);         // size
     EXPECT_EQ(At<char16_t>(d, 4082), u'D');
     EXPECT_EQ(At<char16_t>(d, 4082 + 2 * 11), u'\0');
-    EXPECT_EQ(At<int32_t>(d, 4146), 100);                // width
-    for (size_t i = 4150; i < 4162; ++i) EXPECT_EQ(At<uint8_t>(d, i), 0u) << i;
+    EXPECT_EQ(At<int32_t>(d, 4146), 100);  // width
+    for (size_t i = 4150; i < 4162; ++i)
+        EXPECT_EQ(At<uint8_t>(d, i), 0u) << i;
 }
 
 TEST(SettingsLines, HaveTheirFixedLengths) {

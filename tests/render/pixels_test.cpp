@@ -17,7 +17,8 @@ TEST(Checker, CellsFlipByRowAndColumnStartingLight) {
                                    D, D, L, L, D,  //
                                    D, D, L, L, D,  //
                                    L, L, D, D, L};
-    for (int i = 0; i < 25; ++i) EXPECT_EQ(px[i], expected[i]) << "pixel " << i;
+    for (int i = 0; i < 25; ++i)
+        EXPECT_EQ(px[i], expected[i]) << "pixel " << i;
 }
 
 TEST(Checker, BadExtentsLeaveTheBlockUntouched) {

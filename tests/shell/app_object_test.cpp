@@ -51,9 +51,9 @@ TEST_F(AppStart, StepsRunInTheirOrder) {
     CRecordingHost host;
     host.bRecovery = true;
     ASSERT_EQ(app.InitInstance(host, "/opt/orv", Lock()), EStartResult::STARTED);
-    const std::vector<std::string> expected = {
-        "toolkit", "language 9", "frame",     "command",          "project", "format",
-        "show",    "engine",     "recovery?", "recovery message", "focus"};
+    const std::vector<std::string> expected = {"toolkit",   "language 9",       "frame", "command",
+                                               "project",   "format",           "show",  "engine",
+                                               "recovery?", "recovery message", "focus"};
     EXPECT_EQ(host.calls, expected);
     EXPECT_EQ(app.m_bStarted, 1);
     EXPECT_EQ(app.m_nPageFormat, 0);
@@ -124,8 +124,11 @@ TEST(AppAnswers, FrameThumbnailAndAspect) {
     struct {
         int h;
         double x, y;
-    } aspects[] = {{486, 1.125, 1.0}, {576, 1.125, 1.2}, {720, 0.66667, 0.66667},
-                   {1080, 1.0, 1.0},  {480, 1.0, 1.0}};
+    } aspects[] = {{486, 1.125, 1.0},
+                   {576, 1.125, 1.2},
+                   {720, 0.66667, 0.66667},
+                   {1080, 1.0, 1.0},
+                   {480, 1.0, 1.0}};
     for (const auto& a : aspects) {
         EXPECT_DOUBLE_EQ(CZevrantApp::AspectForHeight(a.h).fHorz, a.x) << a.h;
         EXPECT_DOUBLE_EQ(CZevrantApp::AspectForHeight(a.h).fVert, a.y) << a.h;

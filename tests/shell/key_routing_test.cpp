@@ -98,7 +98,8 @@ TEST(KeyRouting, TableOfCases) {
         {"on air: Ctrl+F12 goes on", ctrlF12, 2, R::PASS},
         {"play: keypad Home taken", Key(KP_HOME), 1, R::TAKE},
     };
-    for (const Case& c : cases) EXPECT_EQ(RouteKey(c.key, c.state), c.route) << c.what;
+    for (const Case& c : cases)
+        EXPECT_EQ(RouteKey(c.key, c.state), c.route) << c.what;
 }
 
 TEST(CanvasHotKey, NothingActsWithoutABoard) {

@@ -11,9 +11,9 @@ TEST(FitToWindow, HdPageStepsDownByFivePercent) {
     } cases[] = {
         {1930, 1090, 1920, 1080, 100},  // exactly room for the margins
         {1929, 1090, 1824, 1026, 95},
-        {1700, 900, 1536, 864, 80},     // 85 % is 918 high: too high for 890
+        {1700, 900, 1536, 864, 80},  // 85 % is 918 high: too high for 890
         {700, 400, 672, 378, 35},
-        {100, 100, 480, 270, 25},       // nothing fits: the last step stands
+        {100, 100, 480, 270, 25},  // nothing fits: the last step stands
     };
     for (const auto& c : cases) {
         const UstFit f = FitToWindow(c.cw, c.ch, 1920, 1080, 0, 17);

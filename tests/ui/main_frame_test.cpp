@@ -51,8 +51,10 @@ TEST_F(MainFrameTest, TitlePanesAndStatusBar) {
         const char* title;
         int minW, maxW;
         bool hidden;
-    } panes[] = {{550, "Slide", 140, 340, false}, {551, "Outline", 140, 340, false},
-                 {553, "Play", 170, 170, true},   {554, "Text", 170, 170, true}};
+    } panes[] = {{550, "Slide", 140, 340, false},
+                 {551, "Outline", 140, 340, false},
+                 {553, "Play", 170, 170, true},
+                 {554, "Text", 170, 170, true}};
     for (const auto& p : panes) {
         QDockWidget* dock = frame->Pane(p.id);
         ASSERT_NE(dock, nullptr) << p.id;
@@ -100,6 +102,17 @@ TEST_F(MainFrameTest, LayoutIsKeptPerLanguage) {
     EXPECT_TRUE(settings.contains("CmdBarsMTFX18"));
     EXPECT_FALSE(settings.contains("LayoutMTFX9"));
     EXPECT_EQ(CMainFrame::LayoutName("LayoutMTFX", 9), "LayoutMTFX9");
+}
+
+TEST_F(MainFrameTest, AutoSaveTimerFollowsTheSettingAndStopsOnClose) {
+    auto frame = MakeFrame(9);
+    EXPECT_EQ(frame->AutoSaveInterval(), 5 * 60000);
+    frame->m_Env.nAutoSaveMin = 7;
+    frame->RestartAutoSaveTimer();
+    EXPECT_EQ(frame->AutoSaveInterval(), 7 * 60000);
+    frame->show();
+    EXPECT_TRUE(frame->close());
+    EXPECT_EQ(frame->AutoSaveInterval(), 0);
 }
 
 TEST_F(MainFrameTest, SettingsAreWrittenOnlyWhenTheFrameGoes) {
