@@ -1,0 +1,180 @@
+#pragma once
+// One page of a project: its objects in z-order, the selection, its type and
+// play settings, its scroll position, and the one command routine through
+// which every edit of its objects passes.
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+#include "objects/qrd_object.h"
+#include "project/page_host.h"
+#include "project/page_records.h"
+
+namespace orv {
+
+enum EPageCommand : uint32_t {
+    CMD_ALIGN_RIGHT = 500,
+    CMD_ALIGN_LEFT = 501,
+    CMD_ALIGN_TOP = 502,
+    CMD_ALIGN_BOTTOM = 503,
+    CMD_CENTRE = 504,
+    CMD_CENTRE_H = 505,
+    CMD_CENTRE_V = 506,
+    CMD_TO_LEFT = 507,
+    CMD_TO_RIGHT = 508,
+    CMD_TO_TOP = 509,
+    CMD_TO_BOTTOM = 510,
+    CMD_PAGE_TYPE = 736,
+    CMD_DELETE = 805,
+    CMD_TO_FRONT = 1500,
+    CMD_TO_BACK = 1501,
+    CMD_FORWARD = 1502,
+    CMD_BACKWARD = 1503
+};
+
+enum EHitResult : int {
+    HIT_SIZE_FIRST = 0,
+    HIT_SIZE_LAST = 7,
+    HIT_ROTATE = 8,
+    HIT_ADJUST = 9,
+    HIT_SIZE_MANY = 10,
+    HIT_NONE_EMPTY = 11,
+    HIT_NONE_CLEARED = 12,
+    HIT_SELECTED = 13,
+    HIT_NEWLY_SELECTED = 14,
+    HIT_OTHER = 15
+};
+
+// A page's background picture. Name and flag persist; the pixels exist only
+// while the page is on the canvas.
+struct CPageBackground {
+    CPageManager* pPage = nullptr;
+    int nWidth = 0, nHeight = 0;
+    std::vector<uint32_t> pBits;
+    QString strFile;
+    int32_t bPresent = 0;
+    void Clear() {
+        pBits.clear();
+        nWidth = nHeight = 0;
+        strFile.clear();
+        bPresent = 0;
+    }
+};
+
+class CPageManager : public CPageContext {
+public:
+    CPageManager();
+    CPageManager(CPageDoc* doc, CPageView* view);
+    ~CPageManager() override;
+
+    // CPageContext, for the objects.
+    float GetZoom() const override;
+    UstPoint GetScrollOrigin() const override { return {m_nScrollX, m_nScrollY}; }
+    UstPoint GetCanvasOrigin() const override { return {m_nOriginX, m_nOriginY}; }
+    int GetCanvasWidth() const override { return m_nWidth; }
+    int GetCanvasHeight() const override { return m_nHeight; }
+    uint32_t* GetCanvasBits() override { return m_pCanvas; }
+    void ObjectRemovedItself() override { SetModified(true); }
+
+    void Attach(CPageDoc* doc, CPageView* view);
+    int ExecCommand(const void* arg, uint32_t id, CQRDObject* target = nullptr);
+    int SetEffectValue(const void* value, uint32_t id);
+    void Activate(bool keepBackground);
+    void Deactivate();
+
+    void RenderCanvas() { RenderCanvasExcept(nullptr); }
+    void RenderCanvasExcept(const CQRDObject* except);
+    void DrawHandles();
+    void Repaint();
+    void UpdateThumbnail();
+    void RebuildPageText(bool measure);
+    void SetModified(bool modified);
+    void PushUndo(int kind);
+    void DeleteSelection();
+
+    CQRDObject* HitTestObject(int x, int y) const;
+    int HitTestHandles(int x, int y, CQRDObject** outObject);
+    int ScrollToRect(int left, int top, int right, int bottom);
+    void SetScrollY(int pos);
+    void SetScrollX(int pos);
+    bool IsScrollPage() const { return m_nPageType == 1 || m_nPageType == 2; }
+    int GetStripCount(int* outPad, int w, int h) const;
+
+    // Adding and selecting, for the commands that create objects and the
+    // canvas's gestures.
+    CQRDObject* AddObject(std::unique_ptr<CQRDObject> object);
+    bool IsSelected(const CQRDObject* object) const;
+    void Select(CQRDObject* object);
+    void Unselect(CQRDObject* object);
+    void ToggleSelection(CQRDObject* object);
+    void ClearSelection() { m_selection.clear(); }
+    void SelectOnly(CQRDObject* object);
+    // The union of the selection's bounding rectangles in window pixels.
+    UstRect SelectionWindowRect() const;
+    // A gesture changed objects directly: redraw, and finish like a command.
+    void FinishGesture(const UstRect& before);
+
+    // Enable states for the ribbon.
+    bool OneSelectedOfKind(int kind) const;
+    bool AnySelectedOfKind(int kind) const;
+    bool ManySelected() const { return m_selection.size() > 1; }
+    bool OneSelected() const { return m_selection.size() == 1; }
+    bool AnySelected() const { return !m_selection.empty(); }
+    bool SelectedIsEditing() const;
+    bool CanCopy() const;
+
+    const std::vector<std::unique_ptr<CQRDObject>>& Objects() const { return m_objects; }
+    const std::vector<CQRDObject*>& Selection() const { return m_selection; }
+    const std::vector<uint32_t>& ThumbBits() const { return m_pThumbBits; }
+
+    int32_t m_nScrollX = 0;
+    int32_t m_nScrollY = 0;
+    int32_t m_nWidth = 0;
+    int32_t m_nHeight = 0;
+    int32_t m_nOriginX = 0;
+    int32_t m_nOriginY = 0;
+    UstRect m_rcFrame;
+    uint32_t* m_pCanvas = nullptr;
+    CPageView* m_pView = nullptr;
+    CPageDoc* m_pDoc = nullptr;
+    int32_t m_nThumbWidth = 300;
+    int32_t m_nThumbHeight = 170;
+    uint32_t m_nPageType = 0;
+    UstPageEffect m_effect;
+    QString m_strThumbFile;
+    UstPageBlink m_blink;
+    UstPageTyping m_typing;
+    CPageBackground m_background;
+    int32_t m_bModified = 0;
+    int32_t m_bActive = 0;
+    QString m_strPageText;
+    int32_t m_nScrollHalf = 0;
+    int32_t m_nScrollHalves = 2;
+    float m_fScrollFrac = 0.0f;
+
+private:
+    void CopyViewFrame();
+    int Tail();
+    void Redraw(const UstRect& before);
+    void ApplyScrollOrigin();
+    int ScrollLength() const { return m_nPageType == 2 ? m_nWidth : m_nHeight; }
+    void SetScroll(int pos);
+    void ResetEffectNumbers();
+    int Nudge(const void* arg, uint32_t id);
+    int AlignToEdge(uint32_t id);
+    int AlignToPage(uint32_t id);
+    bool MoveObjectTo(CQRDObject* object, const UstRect& rect);
+    int ZOrder(uint32_t id);
+    int SetPageType(const void* arg);
+    std::vector<CQRDObject*> SelectedInListOrder() const;
+    std::vector<std::unique_ptr<CQRDObject>>::iterator Find(const CQRDObject* object);
+    std::unique_ptr<CQRDObject> Remove(CQRDObject* object);
+
+    std::vector<std::unique_ptr<CQRDObject>> m_objects;  // head backmost, tail topmost
+    std::vector<CQRDObject*> m_selection;                // in selection order
+    std::vector<uint32_t> m_pThumbBits;
+};
+
+}  // namespace orv

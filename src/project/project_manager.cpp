@@ -1,0 +1,61 @@
+#include "project/project_manager.h"
+
+namespace orv {
+
+CProjectManager::CProjectManager(int frameWidth, int frameHeight)
+    : m_nWidth(frameWidth),
+      m_nHeight(frameHeight),
+      m_nThumbHeight(frameHeight == 720 || frameHeight == 1080 ? 170 : 225),
+      m_bWide(frameWidth == 1920 ? 1 : 0) {}
+
+CProjectManager::~CProjectManager() = default;
+
+void CProjectManager::AttachAll(CPageView* view) {
+    m_pView = view;
+    if (m_aPages.empty()) {
+        m_aPages.push_back(std::make_unique<CPageManager>(this, view));
+    } else {
+        for (auto& page : m_aPages)
+            page->Attach(this, view);
+    }
+    m_nCurPage = -1;
+    m_pCurPage = nullptr;
+    GoToPage(0);
+}
+
+CPageManager* CProjectManager::InsertPage(int afterIndex) {
+    if (m_pCurPage) m_pCurPage->Deactivate();
+    const int at = afterIndex < 0 ? 0 : std::min(afterIndex + 1, PageCount());
+    auto page = std::make_unique<CPageManager>(this, m_pView);
+    CPageManager* raw = page.get();
+    m_aPages.insert(m_aPages.begin() + at, std::move(page));
+    if (m_nCurPage >= at) ++m_nCurPage;
+    if (m_pCurPage) m_pCurPage->Activate(false);
+    return raw;
+}
+
+bool CProjectManager::GoToPage(int index) {
+    CPageManager* page = GetPage(index);
+    if (!page) return false;
+    if (page == m_pCurPage) return true;
+    if (m_pCurPage) m_pCurPage->Deactivate();
+    m_pCurPage = page;
+    m_nCurPage = index;
+    page->Activate(false);
+    return true;
+}
+
+CPageManager* CProjectManager::GetPage(int index) const {
+    if (index < 0 || index >= PageCount()) return nullptr;
+    return m_aPages[static_cast<size_t>(index)].get();
+}
+
+QString CProjectManager::PageStatus() const {
+    return QString::asprintf("Page %d/%d", m_nCurPage + 1, PageCount());
+}
+
+void CProjectManager::ObjectRemoved(CQRDObject* object) {
+    if (m_pEditObject == object) m_pEditObject = nullptr;
+}
+
+}  // namespace orv
