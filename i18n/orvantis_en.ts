@@ -19,6 +19,12 @@
 <context>
     <name>orv::CMainFrame</name>
     <message>
+        <source>Program was not closed properly.
+Recovering from the last modification.</source>
+        <translation>Program was not closed properly.
+Recovering from the last modification.</translation>
+    </message>
+    <message>
         <source>Initializing...</source>
         <translation>Initializing...</translation>
     </message>
@@ -67,6 +73,120 @@
         <translation>Text</translation>
     </message>
     <message>
+        <source>Bring objects to front
+Bring to Front</source>
+        <translation>Bring objects to front
+Bring to Front</translation>
+    </message>
+    <message>
+        <source>Send objects to back
+Send to Back</source>
+        <translation>Send objects to back
+Send to Back</translation>
+    </message>
+    <message>
+        <source>Bring objects forward
+Bring Forward</source>
+        <translation>Bring objects forward
+Bring Forward</translation>
+    </message>
+    <message>
+        <source>Send objects backward
+Send Backward</source>
+        <translation>Send objects backward
+Send Backward</translation>
+    </message>
+    <message>
+        <source>Align objects to left
+Align objects to left</source>
+        <translation>Align objects to left
+Align objects to left</translation>
+    </message>
+    <message>
+        <source>Align objects to right
+Align objects to right</source>
+        <translation>Align objects to right
+Align objects to right</translation>
+    </message>
+    <message>
+        <source>Align objects to top
+Align objects to top</source>
+        <translation>Align objects to top
+Align objects to top</translation>
+    </message>
+    <message>
+        <source>Align objects to bottom
+Align objects to bottom</source>
+        <translation>Align objects to bottom
+Align objects to bottom</translation>
+    </message>
+    <message>
+        <source>Align objects to center
+Align to center</source>
+        <translation>Align objects to center
+Align to center</translation>
+    </message>
+    <message>
+        <source>Align objects to horizontal center
+Align objects to horizontal center</source>
+        <translation>Align objects to horizontal center
+Align objects to horizontal center</translation>
+    </message>
+    <message>
+        <source>Align objects to vertical center
+Align objects to vertical center</source>
+        <translation>Align objects to vertical center
+Align objects to vertical center</translation>
+    </message>
+    <message>
+        <source>Align to left
+Align to left</source>
+        <translation>Align to left
+Align to left</translation>
+    </message>
+    <message>
+        <source>Align to right
+Align to right</source>
+        <translation>Align to right
+Align to right</translation>
+    </message>
+    <message>
+        <source>Align to top
+Align to top</source>
+        <translation>Align to top
+Align to top</translation>
+    </message>
+    <message>
+        <source>Align to bottom
+Align to bottom</source>
+        <translation>Align to bottom
+Align to bottom</translation>
+    </message>
+    <message>
+        <source>&amp;Arrange</source>
+        <translation>&amp;Arrange</translation>
+    </message>
+    <message>
+        <source>&amp;Page</source>
+        <translation>&amp;Page</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Cut</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>Roll</translation>
+    </message>
+    <message>
+        <source>Crawl</source>
+        <translation>Crawl</translation>
+    </message>
+    <message>
+        <source>Objects within the page will be lost. Do you wish to proceed?</source>
+        <translation>Objects within the page will be lost. Do you wish to proceed?</translation>
+    </message>
+    <message>
         <source>The image path is empty or invalid, please reset the path.</source>
         <translation>The image path is empty or invalid, please reset the path.</translation>
     </message>
@@ -77,12 +197,6 @@
     <message>
         <source>Please stop automatic play out to exit play mode.</source>
         <translation>Please stop automatic play out to exit play mode.</translation>
-    </message>
-    <message>
-        <source>Program was not closed properly.
-Recovering from the last modification.</source>
-        <translation>Program was not closed properly.
-Recovering from the last modification.</translation>
     </message>
 </context>
 <context>

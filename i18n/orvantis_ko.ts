@@ -19,6 +19,12 @@
 <context>
     <name>orv::CMainFrame</name>
     <message>
+        <source>Program was not closed properly.
+Recovering from the last modification.</source>
+        <translation>프로그램이 정상적으로 종료되지 않았습니다.
+마지막 수정 내용으로 복구합니다.</translation>
+    </message>
+    <message>
         <source>Initializing...</source>
         <translation>초기화 중...</translation>
     </message>
@@ -67,6 +73,120 @@
         <translation>텍스트</translation>
     </message>
     <message>
+        <source>Bring objects to front
+Bring to Front</source>
+        <translation>개체를 맨 앞으로 가져오기
+맨 앞으로 가져오기</translation>
+    </message>
+    <message>
+        <source>Send objects to back
+Send to Back</source>
+        <translation>개체를 맨 뒤로 보내기
+맨 뒤로 보내기</translation>
+    </message>
+    <message>
+        <source>Bring objects forward
+Bring Forward</source>
+        <translation>개체를 앞으로 가져오기
+앞으로 가져오기</translation>
+    </message>
+    <message>
+        <source>Send objects backward
+Send Backward</source>
+        <translation>개체를 뒤로 보내기
+뒤로 보내기</translation>
+    </message>
+    <message>
+        <source>Align objects to left
+Align objects to left</source>
+        <translation>개체 왼쪽 맞춤
+개체 왼쪽 맞춤</translation>
+    </message>
+    <message>
+        <source>Align objects to right
+Align objects to right</source>
+        <translation>개체 오른쪽 맞춤
+개체 오른쪽 맞춤</translation>
+    </message>
+    <message>
+        <source>Align objects to top
+Align objects to top</source>
+        <translation>개체 위쪽 맞춤
+개체 위쪽 맞춤</translation>
+    </message>
+    <message>
+        <source>Align objects to bottom
+Align objects to bottom</source>
+        <translation>개체 아래쪽 맞춤
+개체 아래쪽 맞춤</translation>
+    </message>
+    <message>
+        <source>Align objects to center
+Align to center</source>
+        <translation>개체 가운데 맞춤
+가운데 맞춤</translation>
+    </message>
+    <message>
+        <source>Align objects to horizontal center
+Align objects to horizontal center</source>
+        <translation>개체 가로 가운데 맞춤
+개체 가로 가운데 맞춤</translation>
+    </message>
+    <message>
+        <source>Align objects to vertical center
+Align objects to vertical center</source>
+        <translation>개체 세로 가운데 맞춤
+개체 세로 가운데 맞춤</translation>
+    </message>
+    <message>
+        <source>Align to left
+Align to left</source>
+        <translation>왼쪽 안전선에 맞춤
+왼쪽 안전선에 맞춤</translation>
+    </message>
+    <message>
+        <source>Align to right
+Align to right</source>
+        <translation>오른쪽 안전선에 맞춤
+오른쪽 안전선에 맞춤</translation>
+    </message>
+    <message>
+        <source>Align to top
+Align to top</source>
+        <translation>위쪽 안전선에 맞춤
+위쪽 안전선에 맞춤</translation>
+    </message>
+    <message>
+        <source>Align to bottom
+Align to bottom</source>
+        <translation>아래쪽 안전선에 맞춤
+아래쪽 안전선에 맞춤</translation>
+    </message>
+    <message>
+        <source>&amp;Arrange</source>
+        <translation>정렬(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Page</source>
+        <translation>페이지(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>컷</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>롤</translation>
+    </message>
+    <message>
+        <source>Crawl</source>
+        <translation>크롤</translation>
+    </message>
+    <message>
+        <source>Objects within the page will be lost. Do you wish to proceed?</source>
+        <translation>페이지 안의 개체가 모두 삭제됩니다. 계속하시겠습니까?</translation>
+    </message>
+    <message>
         <source>The image path is empty or invalid, please reset the path.</source>
         <translation>이미지 경로가 비어 있거나 올바르지 않습니다. 경로를 다시 지정하십시오.</translation>
     </message>
@@ -77,12 +197,6 @@
     <message>
         <source>Please stop automatic play out to exit play mode.</source>
         <translation>송출 모드를 끝내려면 자동 송출을 먼저 정지하십시오.</translation>
-    </message>
-    <message>
-        <source>Program was not closed properly.
-Recovering from the last modification.</source>
-        <translation>프로그램이 정상적으로 종료되지 않았습니다.
-마지막 수정 내용으로 복구합니다.</translation>
     </message>
 </context>
 <context>

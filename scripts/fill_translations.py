@@ -57,6 +57,30 @@ KO = {
     "Language:": "언어:",
     "New Project": "새 프로젝트",
     " is saved.": " 파일이 저장되었습니다.",
+    "Bring objects to front\nBring to Front": "개체를 맨 앞으로 가져오기\n맨 앞으로 가져오기",
+    "Send objects to back\nSend to Back": "개체를 맨 뒤로 보내기\n맨 뒤로 보내기",
+    "Bring objects forward\nBring Forward": "개체를 앞으로 가져오기\n앞으로 가져오기",
+    "Send objects backward\nSend Backward": "개체를 뒤로 보내기\n뒤로 보내기",
+    "Align objects to left\nAlign objects to left": "개체 왼쪽 맞춤\n개체 왼쪽 맞춤",
+    "Align objects to right\nAlign objects to right": "개체 오른쪽 맞춤\n개체 오른쪽 맞춤",
+    "Align objects to top\nAlign objects to top": "개체 위쪽 맞춤\n개체 위쪽 맞춤",
+    "Align objects to bottom\nAlign objects to bottom": "개체 아래쪽 맞춤\n개체 아래쪽 맞춤",
+    "Align objects to center\nAlign to center": "개체 가운데 맞춤\n가운데 맞춤",
+    "Align objects to horizontal center\nAlign objects to horizontal center":
+        "개체 가로 가운데 맞춤\n개체 가로 가운데 맞춤",
+    "Align objects to vertical center\nAlign objects to vertical center":
+        "개체 세로 가운데 맞춤\n개체 세로 가운데 맞춤",
+    "Align to left\nAlign to left": "왼쪽 안전선에 맞춤\n왼쪽 안전선에 맞춤",
+    "Align to right\nAlign to right": "오른쪽 안전선에 맞춤\n오른쪽 안전선에 맞춤",
+    "Align to top\nAlign to top": "위쪽 안전선에 맞춤\n위쪽 안전선에 맞춤",
+    "Align to bottom\nAlign to bottom": "아래쪽 안전선에 맞춤\n아래쪽 안전선에 맞춤",
+    "&Arrange": "정렬(&A)",
+    "&Page": "페이지(&P)",
+    "Cut": "컷",
+    "Roll": "롤",
+    "Crawl": "크롤",
+    "Objects within the page will be lost. Do you wish to proceed?":
+        "페이지 안의 개체가 모두 삭제됩니다. 계속하시겠습니까?",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)

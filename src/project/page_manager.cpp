@@ -373,6 +373,15 @@ void CPageManager::Activate(bool keepBackground) {
     RenderCanvas();
 }
 
+void CPageManager::OnViewResized() {
+    CopyViewFrame();
+    if (IsScrollPage()) ApplyScrollOrigin();
+    for (auto& o : m_objects)
+        o->OnZoom();
+    RenderCanvas();
+    DrawHandles();
+}
+
 void CPageManager::Deactivate() {
     for (auto& o : m_objects)
         o->EndEdit();

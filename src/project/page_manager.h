@@ -83,6 +83,8 @@ public:
     int SetEffectValue(const void* value, uint32_t id);
     void Activate(bool keepBackground);
     void Deactivate();
+    // The view's canvas changed size or zoom: take the new frame and redraw.
+    void OnViewResized();
 
     void RenderCanvas() { RenderCanvasExcept(nullptr); }
     void RenderCanvasExcept(const CQRDObject* except);

@@ -15,6 +15,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include "project/project_manager.h"
 #include "render/font_service.h"
 #include "shell/app_object.h"
 #include "shell/frame_rules.h"
@@ -112,6 +113,8 @@ void CMainFrame::CreateCommandBars() {
     QAction* options = tools->addAction(tr("&Options..."), this, &CMainFrame::ShowOptions);
     options->setData(CMD_OPTIONS);
     options->setObjectName("cmd40082");
+    CreateArrangeMenu();
+    CreatePageMenu();
     QToolBar* bar = addToolBar(tr("Standard"));
     bar->setObjectName("StandardBar");
     bar->addAction(options);
@@ -186,6 +189,76 @@ void CMainFrame::LoadSkin() {
     if (skin.open(QIODevice::ReadOnly)) setStyleSheet(QString::fromUtf8(skin.readAll()));
 }
 
+void CMainFrame::CreateArrangeMenu() {
+    struct UstCommand {
+        uint32_t nId;
+        const char* text;  // status tip, then the menu's words
+    };
+    static const UstCommand COMMANDS[] = {
+        {1500, QT_TR_NOOP("Bring objects to front\nBring to Front")},
+        {1501, QT_TR_NOOP("Send objects to back\nSend to Back")},
+        {1502, QT_TR_NOOP("Bring objects forward\nBring Forward")},
+        {1503, QT_TR_NOOP("Send objects backward\nSend Backward")},
+        {0, nullptr},
+        {501, QT_TR_NOOP("Align objects to left\nAlign objects to left")},
+        {500, QT_TR_NOOP("Align objects to right\nAlign objects to right")},
+        {502, QT_TR_NOOP("Align objects to top\nAlign objects to top")},
+        {503, QT_TR_NOOP("Align objects to bottom\nAlign objects to bottom")},
+        {0, nullptr},
+        {504, QT_TR_NOOP("Align objects to center\nAlign to center")},
+        {505, QT_TR_NOOP("Align objects to horizontal center\nAlign objects to horizontal center")},
+        {506, QT_TR_NOOP("Align objects to vertical center\nAlign objects to vertical center")},
+        {0, nullptr},
+        {507, QT_TR_NOOP("Align to left\nAlign to left")},
+        {508, QT_TR_NOOP("Align to right\nAlign to right")},
+        {509, QT_TR_NOOP("Align to top\nAlign to top")},
+        {510, QT_TR_NOOP("Align to bottom\nAlign to bottom")},
+    };
+    QMenu* menu = menuBar()->addMenu(tr("&Arrange"));
+    for (const UstCommand& c : COMMANDS) {
+        if (!c.text) {
+            menu->addSeparator();
+            continue;
+        }
+        const QStringList parts = tr(c.text).split('\n');
+        QAction* action = menu->addAction(parts.value(1), this, [this, id = c.nId] {
+            if (CZevrantView* view = ActiveView()) view->PageCommand(id);
+        });
+        action->setStatusTip(parts.value(0));
+        action->setObjectName(QString("cmd%1").arg(c.nId));
+    }
+}
+
+void CMainFrame::CreatePageMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Page"));
+    const QString names[] = {tr("Cut"), tr("Roll"), tr("Crawl")};
+    for (uint32_t type = 0; type < 3; ++type) {
+        QAction* action =
+            menu->addAction(names[type], this, [this, type] { ChangePageType(type); });
+        action->setObjectName(QString("pagetype%1").arg(type));
+    }
+}
+
+void CMainFrame::ChangePageType(uint32_t type) {
+    CZevrantView* view = ActiveView();
+    CPageManager* page = view ? view->Page() : nullptr;
+    if (!page || page->m_nPageType == type || m_nPlayState == 2) return;
+    if (page->IsScrollPage() && !page->Objects().empty()) {
+        const auto answer = QMessageBox::question(
+            this, windowTitle(),
+            tr("Objects within the page will be lost. Do you wish to proceed?"),
+            QMessageBox::Yes | QMessageBox::No);
+        if (answer != QMessageBox::Yes) return;
+    }
+    view->PageCommand(CMD_PAGE_TYPE, &type);
+}
+
+CZevrantView* CMainFrame::ActiveView() const {
+    if (auto* child = qobject_cast<CChildFrame*>(m_pMdi->activeSubWindow())) return child->View();
+    const auto views = Views();
+    return views.empty() ? nullptr : views.front();
+}
+
 CZevrantView* CMainFrame::AddProjectWindow(CZevrantDoc* doc) {
     auto* view = new CZevrantView(this, doc);
     auto* child = new CChildFrame(view, doc->Title());
@@ -228,8 +301,7 @@ const QImage* CMainFrame::BackdropImage() {
 
 void CMainFrame::DispatchKey(const UstKeyInfo& key) {
     if (m_nPlayState == 0) {
-        const auto views = Views();
-        if (!views.empty()) views.front()->OnHotKey(key);
+        if (CZevrantView* view = ActiveView()) view->OnHotKey(key);
     }
     // In play states the key belongs to the automatic play-out window, which
     // arrives with play control; until then it goes nowhere.

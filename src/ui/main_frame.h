@@ -36,6 +36,7 @@ public:
     // Opens a project window for doc, maximised inside the frame.
     CZevrantView* AddProjectWindow(CZevrantDoc* doc);
     std::vector<CZevrantView*> Views() const;
+    CZevrantView* ActiveView() const;
 
     void SetStatusPane(int index, const QString& text);
     QLabel* StatusPane(int index) const;
@@ -69,6 +70,9 @@ protected:
 private:
     void CreateStatusBar();
     void CreateCommandBars();
+    void CreateArrangeMenu();
+    void CreatePageMenu();
+    void ChangePageType(uint32_t type);
     QDockWidget* CreatePane(int id, const QString& title, QWidget* dialog, QSize created,
                             QSize smallest, QSize largest);
     void CreatePanes();

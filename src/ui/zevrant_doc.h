@@ -3,16 +3,22 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
+#include "project/project_manager.h"
+
 namespace orv {
 
-// One open project. Holding pages, files and recovery comes with projects on
-// disk; for now it knows its paths and answers the auto-save request.
+// One open project. Files and recovery come with projects on disk; for now
+// the project lives in memory.
 class CZevrantDoc : public QObject {
     Q_OBJECT
 public:
     explicit CZevrantDoc(QObject* parent = nullptr);
+    ~CZevrantDoc() override;
 
     QString Title() const { return m_strTitle; }
+    CProjectManager& Project() { return *m_pProject; }
 
     // Writes the recovery file when the project has changed. Returns the
     // file's name when something was saved, else an empty string.
@@ -21,10 +27,10 @@ public:
     QString m_strWorkspace;
     QString m_strProjectPath;
     QString m_strBackupPath;
-    bool m_bModified = false;
 
 private:
     QString m_strTitle;
+    std::unique_ptr<CProjectManager> m_pProject;
 };
 
 }  // namespace orv

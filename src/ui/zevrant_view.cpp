@@ -1,13 +1,14 @@
 #include "ui/zevrant_view.h"
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 
 #include "project/canvas_overlays.h"
+#include "project/project_manager.h"
 #include "shell/app_object.h"
 #include "ui/fit_to_window.h"
 #include "ui/main_frame.h"
@@ -15,16 +16,57 @@
 
 namespace orv {
 
+namespace {
+constexpr int SCROLL_LINE = 40;
+}
+
 CZevrantView::CZevrantView(CMainFrame* frame, CZevrantDoc* doc, QWidget* parent)
-    : QWidget(parent), m_pFrame(frame), m_pDoc(doc) {
+    : QWidget(parent),
+      m_pFrame(frame),
+      m_pDoc(doc),
+      m_wndVScroll(new QScrollBar(Qt::Vertical, this)),
+      m_wndHScroll(new QScrollBar(Qt::Horizontal, this)) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
     setMinimumSize(160, 120);
+    m_wndVScroll->setObjectName("scroll100");
+    m_wndHScroll->setObjectName("scroll101");
+    for (QScrollBar* bar : {m_wndVScroll, m_wndHScroll}) {
+        bar->setSingleStep(SCROLL_LINE);
+        bar->hide();
+        connect(bar, &QScrollBar::valueChanged, this,
+                [this, bar](int v) { OnScroll(bar == m_wndVScroll, v); });
+    }
+}
+
+CZevrantView::~CZevrantView() = default;
+
+CPageManager* CZevrantView::Page() const {
+    return m_pDoc && m_bAttached ? m_pDoc->Project().GetCurPage() : nullptr;
 }
 
 void CZevrantView::RefreshCanvas() {
     FitAndRender();
     update();
+}
+
+void CZevrantView::GoToPage(int index) {
+    if (!m_pDoc || !m_pDoc->Project().GoToPage(index)) return;
+    ShowPageStatus();
+    update();
+}
+
+int CZevrantView::PageCommand(uint32_t id, const void* arg) {
+    CPageManager* page = Page();
+    if (!page || (m_pFrame && m_pFrame->m_nPlayState == 2)) return 0;
+    const int result = page->ExecCommand(arg, id);
+    update();
+    return result;
+}
+
+void CZevrantView::ShowPageStatus() {
+    if (m_pFrame && m_pDoc) m_pFrame->SetStatusPane(4, m_pDoc->Project().PageStatus());
 }
 
 void CZevrantView::OnHotKey(const UstKeyInfo& key) {
@@ -47,6 +89,17 @@ void CZevrantView::resizeEvent(QResizeEvent* event) {
     OnSize(width(), height());
 }
 
+void CZevrantView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!m_bAttached && m_pDoc) {
+        // The first page goes on the canvas once the canvas has a size.
+        m_bAttached = true;
+        FitAndRender();
+        m_pDoc->Project().AttachAll(this);
+        ShowPageStatus();
+    }
+}
+
 void CZevrantView::OnSize(int cx, int cy) {
     if (cx <= 0 || cy <= 0) return;
     if (const QScreen* s = screen()) {
@@ -56,6 +109,7 @@ void CZevrantView::OnSize(int cx, int cy) {
     const CZevrantApp* app = CZevrantApp::Get();
     if (app && !app->m_bStarted && !isVisible()) return;
     FitAndRender();
+    if (CPageManager* page = Page()) page->OnViewResized();
 }
 
 void CZevrantView::FitAndRender() {
@@ -65,29 +119,41 @@ void CZevrantView::FitAndRender() {
     const UstFit fit = FitToWindow(width(), height(), page.cx, page.cy, m_nPageKind, bar);
     m_rcPage = PlaceFitted(fit, width(), height(), m_nPageKind, bar);
     if (m_pFrame) m_pFrame->m_fZoom = static_cast<float>(fit.nZoom);
-    if (fit.nWidth != m_nFitWidth || fit.nHeight != m_nFitHeight) {
+    if (fit.nWidth != m_nFitWidth || fit.nHeight != m_nFitHeight || m_pSurface.empty()) {
         m_nFitWidth = fit.nWidth;
         m_nFitHeight = fit.nHeight;
+        m_pSurface.assign(static_cast<size_t>(m_nFitWidth) * m_nFitHeight, 0);
     }
+    LayOutScrollBars();
     RenderPage();
 }
 
-// Stands where the page will draw itself: backdrop, objects, then guides.
+void CZevrantView::LayOutScrollBars() {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    m_wndVScroll->setVisible(m_nPageKind == 1);
+    m_wndHScroll->setVisible(m_nPageKind == 2);
+    m_wndVScroll->setGeometry(width() - bar, 0, bar, height());
+    m_wndHScroll->setGeometry(0, height() - bar, width(), bar);
+}
+
+// Without a page (before the project is attached) the backdrop and guides
+// stand alone.
 void CZevrantView::RenderPage() {
-    if (!m_pFrame || m_nFitWidth <= 0 || m_nFitHeight <= 0) {
-        m_pSurface.clear();
+    if (m_pSurface.empty()) return;
+    if (CPageManager* page = Page(); page && page->m_pCanvas == m_pSurface.data()) {
+        page->RenderCanvas();
+        page->DrawHandles();
         return;
     }
-    m_pSurface.assign(static_cast<size_t>(m_nFitWidth) * m_nFitHeight, 0);
-    const UstEnv& env = m_pFrame->m_Env;
-    DrawCanvasBackdrop(m_pSurface.data(), m_nFitWidth, m_nFitHeight, env,
+    if (!m_pFrame) return;
+    DrawCanvasBackdrop(m_pSurface.data(), m_nFitWidth, m_nFitHeight, m_pFrame->m_Env,
                        m_pFrame->BackdropImage());
     UstOverlayParams params;
     params.nPageType = static_cast<uint32_t>(m_nPageKind);
     params.fZoom = m_pFrame->m_fZoom;
     const CZevrantApp* app = CZevrantApp::Get();
     params.nFrameWidth = app ? app->GetFrameSize().cx : 1920;
-    DrawCanvasOverlays(m_pSurface.data(), m_nFitWidth, m_nFitHeight, env, params);
+    DrawCanvasOverlays(m_pSurface.data(), m_nFitWidth, m_nFitHeight, m_pFrame->m_Env, params);
 }
 
 void CZevrantView::paintEvent(QPaintEvent* event) {
@@ -108,6 +174,68 @@ void CZevrantView::paintEvent(QPaintEvent* event) {
     p.drawImage(m_rcPage.topLeft(), image);
     p.setPen(QColor(40, 44, 56));
     p.drawRect(m_rcPage.adjusted(-1, -1, 0, 0));
+    if (m_drag.kind == EDrag::BAND) {
+        p.setPen(QPen(Qt::black, 1, Qt::DashLine));
+        p.setBrush(Qt::NoBrush);
+        p.drawRect(QRect(m_drag.start, m_drag.current).normalized().translated(m_rcPage.topLeft()));
+    }
+}
+
+UstViewFrame CZevrantView::GetViewFrame() {
+    UstViewFrame f;
+    f.rcFrame = UstRect::FromQRect(m_rcPage);
+    f.nWidth = m_nFitWidth;
+    f.nHeight = m_nFitHeight;
+    f.nOriginX = m_rcPage.left();
+    f.nOriginY = m_rcPage.top();
+    f.pCanvas = m_pSurface.empty() ? nullptr : m_pSurface.data();
+    return f;
+}
+
+const UstEnv& CZevrantView::Env() const {
+    return m_pFrame->m_Env;
+}
+
+float CZevrantView::Zoom() const {
+    return m_pFrame ? m_pFrame->m_fZoom : 100.0f;
+}
+
+const QImage* CZevrantView::BackdropImage() {
+    return m_pFrame ? m_pFrame->BackdropImage() : nullptr;
+}
+
+void CZevrantView::SetPageType(uint32_t pageType, bool repaint) {
+    m_nPageKind = static_cast<int>(pageType);
+    FitAndRender();
+    if (repaint) update();
+}
+
+int CZevrantView::SetScrollBar(uint32_t pageType, int origin, int total) {
+    QScrollBar* bar = pageType == 1 ? m_wndVScroll : pageType == 2 ? m_wndHScroll : nullptr;
+    if (!bar) return origin;
+    const int length = pageType == 1 ? m_nFitHeight : m_nFitWidth;
+    const QSignalBlocker block(bar);
+    bar->setPageStep(length);
+    bar->setRange(0, std::max(0, total - length));
+    bar->setValue(origin);
+    return bar->value();
+}
+
+void CZevrantView::OnScroll(bool vertical, int value) {
+    CPageManager* page = Page();
+    if (!page) return;
+    if (vertical)
+        page->SetScrollY(value);
+    else
+        page->SetScrollX(value);
+}
+
+void CZevrantView::InvalidateRect(const UstRect& windowRect) {
+    update(windowRect.ToQRect());
+}
+
+void CZevrantView::Repaint() {
+    update();
 }
 
 }  // namespace orv

@@ -6,52 +6,112 @@
 #include <cstdint>
 #include <vector>
 
+#include "project/page_host.h"
 #include "shell/key_routing.h"
+
+class QScrollBar;
 
 namespace orv {
 
 class CMainFrame;
+class CPageManager;
+class CQRDObject;
 class CZevrantDoc;
 
-// The edit canvas: the page image at the zoom that fits the window, centred,
-// on the editor's surround colour.
-class CZevrantView : public QWidget {
+// The edit canvas: the current page's image at the zoom that fits the
+// window, centred on the surround colour, and the select-and-move gestures.
+class CZevrantView : public QWidget, public CPageView {
     Q_OBJECT
 public:
     CZevrantView(CMainFrame* frame, CZevrantDoc* doc, QWidget* parent = nullptr);
+    ~CZevrantView() override;
 
     CZevrantDoc* Document() const { return m_pDoc; }
+    CPageManager* Page() const;
     const QRect& PageRect() const { return m_rcPage; }
     const uint32_t* Surface() const { return m_pSurface.empty() ? nullptr : m_pSurface.data(); }
     int FitWidth() const { return m_nFitWidth; }
     int FitHeight() const { return m_nFitHeight; }
+    int PageKind() const { return m_nPageKind; }
+    QScrollBar* ScrollBar(bool vertical) const { return vertical ? m_wndVScroll : m_wndHScroll; }
 
     // The edit options changed: rebuild the page image.
     void RefreshCanvas();
+    void GoToPage(int index);
+    // A page command from a menu; answers what the page answered.
+    int PageCommand(uint32_t id, const void* arg = nullptr);
 
     // A play key that reached the canvas in edit state.
     void OnHotKey(const UstKeyInfo& key);
 
     Q_INVOKABLE void OnAutoSave();
 
+    // CPageView
+    UstViewFrame GetViewFrame() override;
+    const UstEnv& Env() const override;
+    float Zoom() const override;
+    const QImage* BackdropImage() override;
+    void SetPageType(uint32_t pageType, bool repaint) override;
+    int SetScrollBar(uint32_t pageType, int origin, int total) override;
+    void InvalidateRect(const UstRect& windowRect) override;
+    void Repaint() override;
+
     static constexpr QRgb SURROUND = 0xFF9099AE;  // RGB(144, 153, 174)
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
+    enum class EDrag { NONE, SIZE, ROTATE, MOVE, BAND };
+    struct UstDrag {
+        EDrag kind = EDrag::NONE;
+        int handle = -1;
+        CQRDObject* object = nullptr;
+        QPoint start;  // canvas coordinates
+        QPoint current;
+        UstRect before;              // window area to repaint at the end
+        std::vector<UstRect> rects;  // view rectangles at the start
+        bool moved = false;
+    };
+
     void OnSize(int cx, int cy);
     void FitAndRender();
     void RenderPage();
+    void LayOutScrollBars();
+    void OnScroll(bool vertical, int value);
+    QPoint ToCanvas(const QPoint& window) const;
+    void BeginDrag(const QPoint& canvas);
+    void DragTo(const QPoint& canvas);
+    void EndDrag();
+    void SelectInBand();
+    void RightButton(const QPoint& canvas);
+    void UpdateCursor(const QPoint& window);
+    bool NavigationKey(int key);
+    void ShowPageStatus();
 
     CMainFrame* m_pFrame;
     CZevrantDoc* m_pDoc;
+    QScrollBar* m_wndVScroll;
+    QScrollBar* m_wndHScroll;
     int m_nPageKind = 0;
     std::vector<uint32_t> m_pSurface;
     int m_nFitWidth = 0, m_nFitHeight = 0;
     QRect m_rcPage;
     int m_bMenuOpen = 0;
+    bool m_bAttached = false;
+    bool m_bLayingOut = false;
+    UstDrag m_drag;
 };
+
+// The cursor shown over a handle, 0 to 7 sizing, 8 rotating.
+Qt::CursorShape HandleCursor(int handle);
+QCursor RotateCursor();
 
 }  // namespace orv
