@@ -2,28 +2,11 @@
 // What an object needs to know of the page it stands on. The page implements
 // this, so that objects never reach above their own library.
 
-#include <QRect>
-
 #include <cstdint>
 
+#include "render/geometry.h"
+
 namespace orv {
-
-struct UstRect {
-    int32_t left = 0, top = 0, right = 0, bottom = 0;
-    bool operator==(const UstRect&) const = default;
-    int Width() const { return right - left; }
-    int Height() const { return bottom - top; }
-    QRect ToQRect() const { return QRect(left, top, right - left, bottom - top); }
-    static UstRect FromQRect(const QRect& r) {
-        return {r.left(), r.top(), r.left() + r.width(), r.top() + r.height()};
-    }
-};
-static_assert(sizeof(UstRect) == 16);
-
-struct UstPoint {
-    int32_t x = 0, y = 0;
-    bool operator==(const UstPoint&) const = default;
-};
 
 class CPageContext {
 public:

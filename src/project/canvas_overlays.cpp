@@ -1,7 +1,6 @@
 #include "project/canvas_overlays.h"
 
 #include <QImage>
-#include <QPainter>
 
 #include "project/settings_records.h"
 #include "render/pixels.h"
@@ -95,13 +94,11 @@ void DrawCanvasBackdrop(uint32_t* bits, int width, int height, const UstEnv& env
         DrawCheckerPixels(bits, width, height, static_cast<int>(env.nCheckerSize));
         return;
     }
-    if (env.nBackKind == BACK_IMAGE && backImage && !backImage->isNull()) {
-        QImage target(reinterpret_cast<uchar*>(bits), width, height, width * 4,
-                      QImage::Format_ARGB32_Premultiplied);
-        ClearPixels(bits, width, height);
-        QPainter painter(&target);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
-        painter.drawImage(QRect(0, 0, width, height), *backImage);
+    if (env.nBackKind == BACK_IMAGE && backImage && !backImage->isNull() &&
+        backImage->format() == QImage::Format_ARGB32_Premultiplied) {
+        const auto* src = reinterpret_cast<const uint32_t*>(backImage->constBits());
+        ScalePixelRect(bits, {0, 0, width, height}, src,
+                       {0, 0, backImage->width(), backImage->height()}, 2);
         return;
     }
     FillPixels(env.clrBack, bits, width, height);

@@ -51,17 +51,10 @@ void CPageManager::UpdateThumbnail() {
     std::vector<uint32_t> scratch(static_cast<size_t>(w) * h, 0);
     for (auto& o : m_objects)
         o->DrawTo(scratch.data(), w, h);
-    const QImage full(reinterpret_cast<const uchar*>(scratch.data()), w, h, w * 4,
-                      QImage::Format_ARGB32_Premultiplied);
-    // File order is bottom row first.
-    const QImage thumb =
-        full.scaled(m_nThumbWidth, m_nThumbHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-            .mirrored(false, true)
-            .convertToFormat(QImage::Format_ARGB32_Premultiplied);
     m_pThumbBits.assign(static_cast<size_t>(m_nThumbWidth) * m_nThumbHeight, 0);
-    for (int y = 0; y < m_nThumbHeight; ++y)
-        std::copy_n(reinterpret_cast<const uint32_t*>(thumb.constScanLine(y)), m_nThumbWidth,
-                    m_pThumbBits.begin() + static_cast<std::ptrdiff_t>(y) * m_nThumbWidth);
+    ScalePixelRect(m_pThumbBits.data(), {0, 0, m_nThumbWidth, m_nThumbHeight}, scratch.data(),
+                   {0, 0, w, h}, INTERPOLATION_HIGH_QUALITY);
+    FlipPixels(m_pThumbBits.data(), m_nThumbWidth, m_nThumbHeight, 0);  // file order: bottom up
 }
 
 void CPageManager::RebuildPageText(bool measure) {

@@ -1,0 +1,227 @@
+// AVX2 kernels: eight pixels per step, only called after the processor has
+// said it has AVX2.
+#include <immintrin.h>
+
+#include "render/box_blur_driver.h"
+#include "render/pixel_kernels.h"
+
+// Only what is defined below is built for AVX2: the shared templates above
+// (containers, the drivers) stay plain, so that the linker can never pick an
+// AVX2 copy of them for code that runs on any processor.
+#pragma GCC target("avx2")
+
+namespace orv {
+
+namespace {
+
+inline __m256i Load(const uint32_t* p) {
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+}
+inline void Store(uint32_t* p, __m256i v) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
+}
+inline __m256i Select(__m256i mask, __m256i yes, __m256i no) {
+    return _mm256_blendv_epi8(no, yes, mask);
+}
+inline __m256i Div255x16(__m256i x) {
+    const __m256i one = _mm256_set1_epi16(1);
+    return _mm256_srli_epi16(_mm256_add_epi16(_mm256_add_epi16(x, one), _mm256_srli_epi16(x, 8)),
+                             8);
+}
+inline __m256i AlphaWords(__m256i px16) {
+    return _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(px16, 0xFF), 0xFF);
+}
+
+void Fill(uint32_t colour, uint32_t* dst, size_t count) {
+    const __m256i v = _mm256_set1_epi32(static_cast<int>(colour));
+    size_t i = 0;
+    for (; i + 16 <= count; i += 16) {
+        Store(dst + i, v);
+        Store(dst + i + 8, v);
+    }
+    Sse2Kernels().fill(colour, dst + i, count - i);
+}
+
+void Copy(uint32_t* dst, const uint32_t* src, size_t count) {
+    size_t i = 0;
+    for (; i + 16 <= count; i += 16) {
+        const __m256i a = Load(src + i), b = Load(src + i + 8);
+        Store(dst + i, a);
+        Store(dst + i + 8, b);
+    }
+    Sse2Kernels().copy(dst + i, src + i, count - i);
+}
+
+void Reverse(uint32_t* p, size_t count) {
+    const __m256i backwards = _mm256_set_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+    size_t i = 0, j = count;
+    for (; i + 16 <= j; i += 8, j -= 8) {
+        const __m256i front = _mm256_permutevar8x32_epi32(Load(p + i), backwards);
+        const __m256i back = _mm256_permutevar8x32_epi32(Load(p + j - 8), backwards);
+        Store(p + i, back);
+        Store(p + j - 8, front);
+    }
+    Sse2Kernels().reverse(p + i, j - i);
+}
+
+void SwapRows(uint32_t* a, uint32_t* b, size_t count) {
+    size_t i = 0;
+    for (; i + 8 <= count; i += 8) {
+        const __m256i x = Load(a + i), y = Load(b + i);
+        Store(a + i, y);
+        Store(b + i, x);
+    }
+    Sse2Kernels().swapRows(a + i, b + i, count - i);
+}
+
+__m256i BlendHalf(__m256i d, __m256i s, __m256i o) {
+    const __m256i zero = _mm256_setzero_si256(), c255 = _mm256_set1_epi16(255);
+    const __m256i alphaLanes = _mm256_set_epi16(-1, 0, 0, 0, -1, 0, 0, 0, -1, 0, 0, 0, -1, 0, 0, 0);
+    const __m256i a = Div255x16(_mm256_mullo_epi16(AlphaWords(s), o));
+    const __m256i n = _mm256_sub_epi16(c255, a);
+    const __m256i colour =
+        Div255x16(_mm256_add_epi16(_mm256_mullo_epi16(d, n), _mm256_mullo_epi16(s, a)));
+    const __m256i alpha =
+        _mm256_sub_epi16(c255, Div255x16(_mm256_mullo_epi16(_mm256_sub_epi16(c255, d), n)));
+    const __m256i mixed = Select(alphaLanes, alpha, colour);
+    const __m256i bare = _mm256_cmpeq_epi16(AlphaWords(d), zero);
+    const __m256i special = _mm256_andnot_si256(_mm256_cmpeq_epi16(a, zero), bare);
+    return Select(special, Select(alphaLanes, a, s), mixed);
+}
+
+void Blend(uint32_t* dst, const uint32_t* src, size_t count, uint32_t opacity) {
+    const __m256i zero = _mm256_setzero_si256();
+    const __m256i o = _mm256_set1_epi16(static_cast<short>(opacity));
+    size_t i = 0;
+    for (; i + 8 <= count; i += 8) {
+        const __m256i d = Load(dst + i), s = Load(src + i);
+        const __m256i lo =
+            BlendHalf(_mm256_unpacklo_epi8(d, zero), _mm256_unpacklo_epi8(s, zero), o);
+        const __m256i hi =
+            BlendHalf(_mm256_unpackhi_epi8(d, zero), _mm256_unpackhi_epi8(s, zero), o);
+        Store(dst + i, _mm256_packus_epi16(lo, hi));
+    }
+    Sse2Kernels().blend(dst + i, src + i, count - i, opacity);
+}
+
+void KeyOut(uint32_t* p, size_t count, uint32_t key, uint32_t opacity) {
+    const __m256i zero = _mm256_setzero_si256();
+    const __m256i key16 =
+        _mm256_unpacklo_epi8(_mm256_set1_epi32(static_cast<int>(key & 0xFFFFFFu)), zero);
+    const __m256i rgb =
+        _mm256_set_epi16(0, -1, -1, -1, 0, -1, -1, -1, 0, -1, -1, -1, 0, -1, -1, -1);
+    const __m256i o = _mm256_set1_epi32(static_cast<int>(opacity));
+    const __m256i threshold = _mm256_set1_epi32(static_cast<int>(KEY_KEEP_FROM - 1));
+    const __m256i colourMask = _mm256_set1_epi32(0x00FFFFFF);
+    size_t i = 0;
+    for (; i + 8 <= count; i += 8) {
+        const __m256i v = Load(p + i);
+        const __m256i dl =
+            _mm256_and_si256(_mm256_sub_epi16(_mm256_unpacklo_epi8(v, zero), key16), rgb);
+        const __m256i dh =
+            _mm256_and_si256(_mm256_sub_epi16(_mm256_unpackhi_epi8(v, zero), key16), rgb);
+        const __m256 ql = _mm256_castsi256_ps(_mm256_madd_epi16(dl, dl));
+        const __m256 qh = _mm256_castsi256_ps(_mm256_madd_epi16(dh, dh));
+        const __m256i sum = _mm256_add_epi32(_mm256_castps_si256(_mm256_shuffle_ps(ql, qh, 0x88)),
+                                             _mm256_castps_si256(_mm256_shuffle_ps(ql, qh, 0xDD)));
+        const __m256i keep = _mm256_cmpgt_epi32(sum, threshold);
+        const __m256i x = _mm256_mullo_epi32(_mm256_srli_epi32(v, 24), o);
+        const __m256i scaled = _mm256_srli_epi32(
+            _mm256_add_epi32(_mm256_add_epi32(x, _mm256_set1_epi32(1)), _mm256_srli_epi32(x, 8)),
+            8);
+        const __m256i alpha = _mm256_slli_epi32(_mm256_and_si256(keep, scaled), 24);
+        Store(p + i, _mm256_or_si256(_mm256_and_si256(v, colourMask), alpha));
+    }
+    Sse2Kernels().keyOut(p + i, count - i, key, opacity);
+}
+
+struct Avx2BlurOps {
+    static void Accumulate(uint32_t* sums, const uint32_t* px, int n, bool add) {
+        int i = 0;
+        for (; i + 2 <= n; i += 2) {
+            const __m256i v =
+                _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(px + i)));
+            uint32_t* s = sums + 4 * i;
+            Store(s, add ? _mm256_add_epi32(Load(s), v) : _mm256_sub_epi32(Load(s), v));
+        }
+        for (; i < n; ++i)
+            for (int c = 0; c < 4; ++c) {
+                const uint32_t v = (px[i] >> (8 * c)) & 255;
+                sums[4 * i + c] = add ? sums[4 * i + c] + v : sums[4 * i + c] - v;
+            }
+    }
+    static void Prefix(uint32_t* prefix, const uint32_t* sums, int n) {
+        __m128i run = _mm_setzero_si128();
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(prefix), run);
+        for (int i = 0; i < n; ++i) {
+            run =
+                _mm_add_epi32(run, _mm_loadu_si128(reinterpret_cast<const __m128i*>(sums + 4 * i)));
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(prefix + 4 * (i + 1)), run);
+        }
+    }
+    static void Output(uint32_t* out, const uint32_t* prefix, int w, int box, uint32_t m, int s) {
+        const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
+        const __m128i shift = _mm_cvtsi32_si128(s);
+        const __m256i low = _mm256_set_epi32(0, -1, 0, -1, 0, -1, 0, -1);
+        const __m256i order =
+            _mm256_set_epi32(0, 0, 0, 0, 0, 0, 4, 0);  // A from lane 0, B from lane 1
+        int j = 0;
+        for (; j + 2 <= w; j += 2) {
+            const __m256i sum =
+                _mm256_sub_epi32(Load(prefix + 4 * (j + box)), Load(prefix + 4 * j));
+            const __m256i even = _mm256_srl_epi64(_mm256_mul_epu32(sum, mv), shift);
+            const __m256i odd =
+                _mm256_srl_epi64(_mm256_mul_epu32(_mm256_srli_epi64(sum, 32), mv), shift);
+            const __m256i v =
+                _mm256_or_si256(_mm256_and_si256(even, low), _mm256_slli_epi64(odd, 32));
+            const __m256i w16 = _mm256_packs_epi32(v, v);  // each lane: its pixel's words, twice
+            const __m256i b8 = _mm256_packus_epi16(w16, w16);
+            const __m256i both = _mm256_permutevar8x32_epi32(b8, order);
+            _mm_storel_epi64(reinterpret_cast<__m128i*>(out + j), _mm256_castsi256_si128(both));
+        }
+        for (; j < w; ++j) {
+            uint32_t px = 0;
+            for (int c = 0; c < 4; ++c) {
+                const uint64_t sum = prefix[4 * (j + box) + c] - prefix[4 * j + c];
+                px |= static_cast<uint32_t>((sum * m) >> s) << (8 * c);
+            }
+            out[j] = px;
+        }
+    }
+};
+
+inline __m256d Widen(uint32_t p) {
+    return _mm256_cvtepi32_pd(_mm_cvtepu8_epi32(_mm_cvtsi32_si128(static_cast<int>(p))));
+}
+
+struct Avx2ScaleOps {
+    static uint32_t Pixel(uint32_t a, uint32_t b, uint32_t c, uint32_t d, double fx, double fy) {
+        const __m256d gx = _mm256_set1_pd(1.0 - fx), vx = _mm256_set1_pd(fx);
+        const __m256d gy = _mm256_set1_pd(1.0 - fy), vy = _mm256_set1_pd(fy);
+        const __m256d top = _mm256_add_pd(_mm256_mul_pd(Widen(a), gx), _mm256_mul_pd(Widen(b), vx));
+        const __m256d bottom =
+            _mm256_add_pd(_mm256_mul_pd(Widen(c), gx), _mm256_mul_pd(Widen(d), vx));
+        const __m256d v = _mm256_add_pd(_mm256_mul_pd(top, gy), _mm256_mul_pd(bottom, vy));
+        const __m128i i32 = _mm256_cvttpd_epi32(_mm256_add_pd(v, _mm256_set1_pd(0.5)));
+        const __m128i zero = _mm_setzero_si128();
+        return static_cast<uint32_t>(
+            _mm_cvtsi128_si32(_mm_packus_epi16(_mm_packs_epi32(i32, zero), zero)));
+    }
+};
+
+void BoxBlur(const UstBlurArea& a) {
+    RunningBoxBlur<Avx2BlurOps>(a);
+}
+void ScaleBilinear(const UstScaleJob& job) {
+    ScaleWithPlan<Avx2ScaleOps>(job);
+}
+
+}  // namespace
+
+const UstPixelKernels& Avx2Kernels() {
+    static const UstPixelKernels k{"avx2", Fill,   Copy,    Reverse,      SwapRows,
+                                   Blend,  KeyOut, BoxBlur, ScaleBilinear};
+    return k;
+}
+
+}  // namespace orv
