@@ -40,26 +40,28 @@ UstDefaultAttr MakeDefaultDefaultAttr(const std::u16string& guiFace) {
     d.font.nCharSet = GUI_FONT_CHARSET;
     d.font.nPitchFamily = GUI_FONT_PITCH_FAMILY;
     d.font.nSize = DEFAULT_FONT_SIZE;
-    QStringToFixed(QString::fromStdU16String(guiFace), d.font.szFace);
+    QStringToFixed(QString::fromStdU16String(guiFace), &d.font.szFace);
     d.metric.nWidth = 100;
     return d;
 }
 
-QString FixedToQString(const char16_t* field, size_t capacity) {
-    size_t n = 0;
-    while (n < capacity && field[n] != 0)
-        ++n;
-    return QString::fromUtf16(field, static_cast<qsizetype>(n));
+QString FixedToQString(const void* field, size_t capacity) {
+    std::u16string units(capacity, u'\0');
+    std::memcpy(units.data(), field, capacity * sizeof(char16_t));
+    const size_t n = units.find(u'\0');
+    return QString::fromStdU16String(n == std::u16string::npos ? units : units.substr(0, n));
 }
 
-void QStringToFixed(const QString& text, char16_t* field, size_t capacity) {
-    std::fill_n(field, capacity, u'\0');
-    if (capacity == 0) return;
-    size_t n = std::min(static_cast<size_t>(text.size()), capacity - 1);
-    // Never leave half of a surrogate pair at the end.
-    if (n > 0 && QChar::isHighSurrogate(text.at(static_cast<qsizetype>(n - 1)).unicode())) --n;
-    for (size_t i = 0; i < n; ++i)
-        field[i] = text.at(static_cast<qsizetype>(i)).unicode();
+void QStringToFixed(const QString& text, void* field, size_t capacity) {
+    std::u16string units(capacity, u'\0');
+    if (capacity > 0) {
+        size_t n = std::min(static_cast<size_t>(text.size()), capacity - 1);
+        // Never leave half of a surrogate pair at the end.
+        if (n > 0 && QChar::isHighSurrogate(text.at(static_cast<qsizetype>(n - 1)).unicode())) --n;
+        for (size_t i = 0; i < n; ++i)
+            units[i] = text.at(static_cast<qsizetype>(i)).unicode();
+    }
+    std::memcpy(field, units.data(), capacity * sizeof(char16_t));
 }
 
 }  // namespace orv

@@ -9,6 +9,7 @@
 // (a box's sum times the reciprocal, packed back into pixels).
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 #include "render/pixel_kernels.h"
@@ -22,23 +23,48 @@ void RunningBoxBlur(const UstBlurArea& a) {
     const int spanLeft = a.left - r, span = a.right - a.left + box, w = a.right - a.left;
     const size_t stride = static_cast<size_t>(a.blockWidth);
     auto row = [&](int y) { return a.bits + static_cast<size_t>(y) * stride + spanLeft; };
-    std::vector<uint32_t> sums(static_cast<size_t>(span) * 4, 0);
-    std::vector<uint32_t> prefix(static_cast<size_t>(span + 1) * 4, 0);
-    std::vector<uint32_t> out(static_cast<size_t>(w));
+    // A column of 2r rows sums to at most 255 * 120: 16 bits per channel hold it.
+    std::vector<uint16_t> sums(static_cast<size_t>(span) * 4 + 16, 0);
+    std::vector<uint32_t> prefix(static_cast<size_t>(span + 1) * 4 + 16, 0);
     std::vector<uint32_t> ring(static_cast<size_t>(r + 1) * span);
     auto saved = [&](int y) { return ring.data() + static_cast<size_t>(y % (r + 1)) * span; };
     for (int y = a.top - r; y < a.top + r; ++y)
-        Ops::Accumulate(sums.data(), row(y), span, true);
+        Ops::Update(sums.data(), row(y), nullptr, span);
     for (int y = a.top; y < a.bottom; ++y) {
         Ops::Prefix(prefix.data(), sums.data(), span);
-        Ops::Output(out.data(), prefix.data(), w, box, a.m, a.s);
         std::copy_n(row(y), span, saved(y));
-        std::copy_n(out.data(), w, row(y) + r);
+        Ops::Output(row(y) + r, prefix.data(), w, box, a.m, a.s);
         if (y + 1 == a.bottom) break;
-        Ops::Accumulate(sums.data(), row(y + r), span, true);
         const int gone = y - r;
-        Ops::Accumulate(sums.data(), gone >= a.top ? saved(gone) : row(gone), span, false);
+        Ops::Update(sums.data(), row(y + r), gone >= a.top ? saved(gone) : row(gone), span);
     }
+}
+
+// Scalar pieces shared by the vector Ops for the ends of their runs.
+inline void UpdateTail(uint16_t* sums, const uint32_t* add, const uint32_t* sub, int from, int n) {
+    for (int i = from; i < n; ++i)
+        for (int c = 0; c < 4; ++c) {
+            const uint32_t in = (add[i] >> (8 * c)) & 255;
+            const uint32_t outv = sub ? (sub[i] >> (8 * c)) & 255 : 0;
+            sums[4 * i + c] = static_cast<uint16_t>(sums[4 * i + c] + in - outv);
+        }
+}
+
+inline void OutputTail(uint32_t* out, const uint32_t* prefix, int from, int w, int box, uint32_t m,
+                       int s) {
+    for (int j = from; j < w; ++j) {
+        uint32_t px = 0;
+        for (int c = 0; c < 4; ++c) {
+            const uint64_t sum = prefix[4 * (j + box) + c] - prefix[4 * j + c];
+            px |= static_cast<uint32_t>((sum * m) >> s) << (8 * c);
+        }
+        out[j] = px;
+    }
+}
+
+// True when every box sum times the reciprocal stays below 2^32.
+inline bool ProductFits32(int box, uint32_t m) {
+    return 255ull * static_cast<uint64_t>(box) * static_cast<uint64_t>(box) * m < (1ull << 32);
 }
 
 // Bilinear scaling with the same taps and the same double arithmetic as the

@@ -89,7 +89,46 @@ __m256i BlendHalf(__m256i d, __m256i s, __m256i o) {
     return Select(special, Select(alphaLanes, a, s), mixed);
 }
 
+// The plain blend, every channel by one formula: with the destination's alpha
+// byte inverted and the source's cleared beforehand, (d * n + s * a) / 255
+// gives 255 minus the result's alpha in the alpha lane, inverted back after.
+void BlendOpaque(uint32_t* dst, const uint32_t* src, size_t count) {
+    const __m256i zero = _mm256_setzero_si256(), alphaMask = _mm256_set1_epi32(-16777216);
+    const __m256i c255 = _mm256_set1_epi16(255), by255 = _mm256_set1_epi16(-32639);  // 0x8081
+    const __m256i pickLo = _mm256_setr_epi8(3, -1, 3, -1, 3, -1, 3, -1, 7, -1, 7, -1, 7, -1, 7, -1,
+                                            3, -1, 3, -1, 3, -1, 3, -1, 7, -1, 7, -1, 7, -1, 7, -1);
+    const __m256i pickHi = _mm256_add_epi8(pickLo, _mm256_set1_epi16(8));
+    size_t i = 0;
+    for (; i + 8 <= count; i += 8) {
+        const __m256i s = Load(src + i);
+        const __m256i sAlpha = _mm256_and_si256(s, alphaMask);
+        const __m256i bare = _mm256_cmpeq_epi32(sAlpha, zero);
+        if (_mm256_movemask_epi8(bare) == -1) continue;
+        if (_mm256_movemask_epi8(_mm256_cmpeq_epi32(sAlpha, alphaMask)) == -1) {
+            Store(dst + i, s);
+            continue;
+        }
+        const __m256i d = Load(dst + i);
+        const __m256i di = _mm256_xor_si256(d, alphaMask), sc = _mm256_andnot_si256(alphaMask, s);
+        auto half = [&](__m256i dw, __m256i sw, __m256i a) {
+            const __m256i n = _mm256_sub_epi16(c255, a);
+            const __m256i x =
+                _mm256_add_epi16(_mm256_mullo_epi16(dw, n), _mm256_mullo_epi16(sw, a));
+            return _mm256_srli_epi16(_mm256_mulhi_epu16(x, by255), 7);
+        };
+        const __m256i lo = half(_mm256_unpacklo_epi8(di, zero), _mm256_unpacklo_epi8(sc, zero),
+                                _mm256_shuffle_epi8(s, pickLo));
+        const __m256i hi = half(_mm256_unpackhi_epi8(di, zero), _mm256_unpackhi_epi8(sc, zero),
+                                _mm256_shuffle_epi8(s, pickHi));
+        const __m256i mixed = _mm256_xor_si256(_mm256_packus_epi16(lo, hi), alphaMask);
+        const __m256i onto = _mm256_cmpeq_epi32(_mm256_and_si256(d, alphaMask), zero);
+        Store(dst + i, _mm256_blendv_epi8(mixed, s, _mm256_andnot_si256(bare, onto)));
+    }
+    Sse2Kernels().blend(dst + i, src + i, count - i, 255);
+}
+
 void Blend(uint32_t* dst, const uint32_t* src, size_t count, uint32_t opacity) {
+    if (opacity == 255) return BlendOpaque(dst, src, count);
     const __m256i zero = _mm256_setzero_si256();
     const __m256i o = _mm256_set1_epi16(static_cast<short>(opacity));
     size_t i = 0;
@@ -135,58 +174,68 @@ void KeyOut(uint32_t* p, size_t count, uint32_t key, uint32_t opacity) {
     Sse2Kernels().keyOut(p + i, count - i, key, opacity);
 }
 
+inline __m256i WidenBytes(const uint32_t* p) {
+    return _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)));
+}
+
 struct Avx2BlurOps {
-    static void Accumulate(uint32_t* sums, const uint32_t* px, int n, bool add) {
+    static void Update(uint16_t* sums, const uint32_t* add, const uint32_t* sub, int n) {
+        int i = 0;
+        for (; i + 4 <= n; i += 4) {
+            auto* at = reinterpret_cast<__m256i*>(sums + 4 * i);
+            __m256i v = _mm256_add_epi16(_mm256_loadu_si256(at), WidenBytes(add + i));
+            if (sub) v = _mm256_sub_epi16(v, WidenBytes(sub + i));
+            _mm256_storeu_si256(at, v);
+        }
+        UpdateTail(sums, add, sub, i, n);
+    }
+    // Two pixels per step: the second takes the first's sum within the
+    // register, and both take the running total carried from before.
+    static void Prefix(uint32_t* prefix, const uint16_t* sums, int n) {
+        __m256i carry = _mm256_setzero_si256();
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(prefix), _mm_setzero_si128());
         int i = 0;
         for (; i + 2 <= n; i += 2) {
-            const __m256i v =
-                _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(px + i)));
-            uint32_t* s = sums + 4 * i;
-            Store(s, add ? _mm256_add_epi32(Load(s), v) : _mm256_sub_epi32(Load(s), v));
+            __m256i x = _mm256_cvtepu16_epi32(
+                _mm_loadu_si128(reinterpret_cast<const __m128i*>(sums + 4 * i)));
+            x = _mm256_add_epi32(x, _mm256_permute2x128_si256(x, x, 0x08));
+            // Only one add per step waits on the step before.
+            Store(prefix + 4 * (i + 1), _mm256_add_epi32(x, carry));
+            carry = _mm256_add_epi32(carry, _mm256_permute2x128_si256(x, x, 0x11));
         }
-        for (; i < n; ++i)
-            for (int c = 0; c < 4; ++c) {
-                const uint32_t v = (px[i] >> (8 * c)) & 255;
-                sums[4 * i + c] = add ? sums[4 * i + c] + v : sums[4 * i + c] - v;
-            }
-    }
-    static void Prefix(uint32_t* prefix, const uint32_t* sums, int n) {
-        __m128i run = _mm_setzero_si128();
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(prefix), run);
-        for (int i = 0; i < n; ++i) {
-            run =
-                _mm_add_epi32(run, _mm_loadu_si128(reinterpret_cast<const __m128i*>(sums + 4 * i)));
+        if (i < n) {
+            const __m128i c = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(sums + 4 * i));
+            const __m128i run = _mm_add_epi32(_mm256_castsi256_si128(carry),
+                                              _mm_unpacklo_epi16(c, _mm_setzero_si128()));
             _mm_storeu_si128(reinterpret_cast<__m128i*>(prefix + 4 * (i + 1)), run);
         }
+    }
+    static __m256i Mean(__m256i sum, __m256i mv, __m128i shift, bool narrow) {
+        if (narrow) return _mm256_srl_epi32(_mm256_mullo_epi32(sum, mv), shift);
+        const __m256i low = _mm256_set_epi32(0, -1, 0, -1, 0, -1, 0, -1);
+        const __m256i even = _mm256_srl_epi64(_mm256_mul_epu32(sum, mv), shift);
+        const __m256i odd =
+            _mm256_srl_epi64(_mm256_mul_epu32(_mm256_srli_epi64(sum, 32), mv), shift);
+        return _mm256_or_si256(_mm256_and_si256(even, low), _mm256_slli_epi64(odd, 32));
     }
     static void Output(uint32_t* out, const uint32_t* prefix, int w, int box, uint32_t m, int s) {
         const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
         const __m128i shift = _mm_cvtsi32_si128(s);
-        const __m256i low = _mm256_set_epi32(0, -1, 0, -1, 0, -1, 0, -1);
-        const __m256i order =
-            _mm256_set_epi32(0, 0, 0, 0, 0, 0, 4, 0);  // A from lane 0, B from lane 1
+        // After the packs each lane holds its two pixels' bytes: (A, C) and (B, D).
+        const __m256i order = _mm256_set_epi32(0, 0, 0, 0, 5, 1, 4, 0);
+        const bool narrow = ProductFits32(box, m);
+        auto sumAt = [&](int j) {
+            return _mm256_sub_epi32(Load(prefix + 4 * (j + box)), Load(prefix + 4 * j));
+        };
         int j = 0;
-        for (; j + 2 <= w; j += 2) {
-            const __m256i sum =
-                _mm256_sub_epi32(Load(prefix + 4 * (j + box)), Load(prefix + 4 * j));
-            const __m256i even = _mm256_srl_epi64(_mm256_mul_epu32(sum, mv), shift);
-            const __m256i odd =
-                _mm256_srl_epi64(_mm256_mul_epu32(_mm256_srli_epi64(sum, 32), mv), shift);
-            const __m256i v =
-                _mm256_or_si256(_mm256_and_si256(even, low), _mm256_slli_epi64(odd, 32));
-            const __m256i w16 = _mm256_packs_epi32(v, v);  // each lane: its pixel's words, twice
-            const __m256i b8 = _mm256_packus_epi16(w16, w16);
-            const __m256i both = _mm256_permutevar8x32_epi32(b8, order);
-            _mm_storel_epi64(reinterpret_cast<__m128i*>(out + j), _mm256_castsi256_si128(both));
+        for (; j + 4 <= w; j += 4) {
+            const __m256i ab = Mean(sumAt(j), mv, shift, narrow);
+            const __m256i cd = Mean(sumAt(j + 2), mv, shift, narrow);
+            const __m256i w16 = _mm256_packs_epi32(ab, cd);
+            const __m256i all = _mm256_permutevar8x32_epi32(_mm256_packus_epi16(w16, w16), order);
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(out + j), _mm256_castsi256_si128(all));
         }
-        for (; j < w; ++j) {
-            uint32_t px = 0;
-            for (int c = 0; c < 4; ++c) {
-                const uint64_t sum = prefix[4 * (j + box) + c] - prefix[4 * j + c];
-                px |= static_cast<uint32_t>((sum * m) >> s) << (8 * c);
-            }
-            out[j] = px;
-        }
+        OutputTail(out, prefix, j, w, box, m, s);
     }
 };
 

@@ -126,30 +126,28 @@ void KeyOut(uint32_t* p, size_t count, uint32_t key, uint32_t opacity) {
 }
 
 struct Sse2BlurOps {
-    static void Accumulate(uint32_t* sums, const uint32_t* px, int n, bool add) {
+    static void Update(uint16_t* sums, const uint32_t* add, const uint32_t* sub, int n) {
         const __m128i zero = _mm_setzero_si128();
         int i = 0;
-        for (; i + 4 <= n; i += 4) {
-            const __m128i v = Load(px + i);
-            const __m128i lo = _mm_unpacklo_epi8(v, zero), hi = _mm_unpackhi_epi8(v, zero);
-            const __m128i parts[4] = {_mm_unpacklo_epi16(lo, zero), _mm_unpackhi_epi16(lo, zero),
-                                      _mm_unpacklo_epi16(hi, zero), _mm_unpackhi_epi16(hi, zero)};
-            for (int k = 0; k < 4; ++k) {
-                uint32_t* s = sums + 4 * (i + k);
-                Store(s, add ? _mm_add_epi32(Load(s), parts[k]) : _mm_sub_epi32(Load(s), parts[k]));
-            }
+        for (; i + 2 <= n; i += 2) {
+            auto widen = [&](const uint32_t* p) {
+                return _mm_unpacklo_epi8(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)),
+                                         zero);
+            };
+            auto* at = reinterpret_cast<__m128i*>(sums + 4 * i);
+            __m128i v = _mm_add_epi16(_mm_loadu_si128(at), widen(add + i));
+            if (sub) v = _mm_sub_epi16(v, widen(sub + i));
+            _mm_storeu_si128(at, v);
         }
-        for (; i < n; ++i)
-            for (int c = 0; c < 4; ++c) {
-                const uint32_t v = (px[i] >> (8 * c)) & 255;
-                sums[4 * i + c] = add ? sums[4 * i + c] + v : sums[4 * i + c] - v;
-            }
+        UpdateTail(sums, add, sub, i, n);
     }
-    static void Prefix(uint32_t* prefix, const uint32_t* sums, int n) {
-        __m128i run = _mm_setzero_si128();
+    static void Prefix(uint32_t* prefix, const uint16_t* sums, int n) {
+        const __m128i zero = _mm_setzero_si128();
+        __m128i run = zero;
         Store(prefix, run);
         for (int i = 0; i < n; ++i) {
-            run = _mm_add_epi32(run, Load(sums + 4 * i));
+            const __m128i c = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(sums + 4 * i));
+            run = _mm_add_epi32(run, _mm_unpacklo_epi16(c, zero));
             Store(prefix + 4 * (i + 1), run);
         }
     }

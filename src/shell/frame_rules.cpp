@@ -10,7 +10,8 @@ bool ShouldAutoSave(const UstEnv& env, int playState) {
 }
 
 int AutoSavePeriodMs(const UstEnv& env) {
-    const uint32_t minutes = std::clamp<uint32_t>(env.nAutoSaveMin, 1, 60);
+    const uint32_t stored = env.nAutoSaveMin;  // a copy: the record is packed
+    const uint32_t minutes = std::clamp<uint32_t>(stored, 1, 60);
     return static_cast<int>(minutes) * 60000;
 }
 
@@ -18,7 +19,7 @@ UstOptionsOutcome ApplyOptions(UstEnv& frame, const UstEnv& programCopy, const U
                                const std::function<bool(const QString&)>& fileExists) {
     UstOptionsOutcome out;
     if (std::memcmp(&editCopy, &frame, sizeof(UstEnv)) != 0) {
-        const QString image = FixedToQString(editCopy.szBackImage);
+        const QString image = FixedToQString(&editCopy.szBackImage);
         if (editCopy.nBackKind == BACK_IMAGE && (image.isEmpty() || !fileExists(image))) {
             out.bEditRejected = true;
         } else {

@@ -289,7 +289,7 @@ QDockWidget* CMainFrame::Pane(int id) const {
 }
 
 const QImage* CMainFrame::BackdropImage() {
-    const QString path = FixedToQString(m_Env.szBackImage);
+    const QString path = FixedToQString(&m_Env.szBackImage);
     if (m_Env.nBackKind != BACK_IMAGE || path.isEmpty()) return nullptr;
     if (path != m_strBackImagePath) {
         m_strBackImagePath = path;

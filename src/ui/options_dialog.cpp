@@ -88,7 +88,7 @@ QWidget* CTabEnvEdit::BuildBackground() {
             [this](int v) { m_env.nCheckerSize = static_cast<uint32_t>(v); });
     form->addRow(tr("Checker size:"), checker);
     auto* imageRow = new QHBoxLayout;
-    m_pImage = new QLineEdit(FixedToQString(m_env.szBackImage), box);
+    m_pImage = new QLineEdit(FixedToQString(&m_env.szBackImage), box);
     m_pImage->setReadOnly(true);
     auto* browse = new QPushButton(tr("..."), box);
     connect(browse, &QPushButton::clicked, this, &CTabEnvEdit::ChooseImage);
@@ -190,7 +190,7 @@ void CTabEnvEdit::ChooseImage() {
         QMessageBox::warning(this, windowTitle(), tr("The file to be inserted is unsupported."));
         return;
     }
-    QStringToFixed(file, m_env.szBackImage);
+    QStringToFixed(file, &m_env.szBackImage);
     m_pImage->setText(file);
 }
 

@@ -156,39 +156,39 @@ TEST_F(PageTest, PageTypeResetsEffectsAndRollToCutLosesObjects) {
     uint32_t roll = 1, crawl = 2, cut = 0;
     EXPECT_EQ(page->ExecCommand(&roll, 736), 1);
     EXPECT_EQ(view.pageType, 1u);
-    EXPECT_EQ(page->m_effect.nInEffect, 0);
-    EXPECT_EQ(page->m_effect.nOutEffect, 0);
-    EXPECT_EQ(page->m_effect.nInSpeed, 9);
+    EXPECT_EQ(+page->m_effect.nInEffect, 0);
+    EXPECT_EQ(+page->m_effect.nOutEffect, 0);
+    EXPECT_EQ(+page->m_effect.nInSpeed, 9);
     EXPECT_EQ(page->m_background.bPresent, 0);
     EXPECT_EQ(page->Objects().size(), 1u);  // Cut to Roll keeps them
     EXPECT_EQ(page->ExecCommand(&crawl, 736), 1);
-    EXPECT_EQ(page->m_effect.nInEffect, 1);
-    EXPECT_EQ(page->m_effect.nOutEffect, 1);
+    EXPECT_EQ(+page->m_effect.nInEffect, 1);
+    EXPECT_EQ(+page->m_effect.nOutEffect, 1);
     EXPECT_TRUE(page->Objects().empty());
     Add({0, 0, 5, 5});
     EXPECT_EQ(page->ExecCommand(&cut, 736), 1);
-    EXPECT_EQ(page->m_effect.nInEffect, 3);
-    EXPECT_EQ(page->m_effect.nOutEffect, 2);
+    EXPECT_EQ(+page->m_effect.nInEffect, 3);
+    EXPECT_EQ(+page->m_effect.nOutEffect, 2);
     EXPECT_TRUE(page->Objects().empty());
 }
 
 TEST_F(PageTest, EffectValuesSetToggleAndCopy) {
     const int32_t five = 5;
     EXPECT_EQ(page->SetEffectValue(&five, 768), 1);
-    EXPECT_EQ(page->m_effect.nInSpeed, 5);
+    EXPECT_EQ(+page->m_effect.nInSpeed, 5);
     EXPECT_EQ(page->SetEffectValue(&five, 764), 1);
     EXPECT_EQ(page->SetEffectValue(&five, 800), 1);
     EXPECT_EQ(page->SetEffectValue(&five, 800), 1);
-    EXPECT_EQ(page->m_effect.bInFade, 1);
-    EXPECT_EQ(page->m_effect.bDiscard, 0);
+    EXPECT_EQ(+page->m_effect.bInFade, 1);
+    EXPECT_EQ(+page->m_effect.bDiscard, 0);
     EXPECT_EQ(page->SetEffectValue(&five, 759), 0);
     EXPECT_EQ(page->SetEffectValue(&five, 801), 0);
     const UstPageBlink blink{1, 0xFF00FF00u, 2};
     EXPECT_EQ(page->SetEffectValue(&blink, 785), 1);
-    EXPECT_EQ(page->m_blink.crColor, 0xFF00FF00u);
+    EXPECT_EQ(+page->m_blink.crColor, 0xFF00FF00u);
     EXPECT_EQ(page->m_bModified, 1);
-    EXPECT_EQ(MakeDefaultPageEffect().nInEffect, 3);
-    EXPECT_EQ(MakeDefaultPageTyping().nSpeed, 4);
+    EXPECT_EQ(+MakeDefaultPageEffect().nInEffect, 3);
+    EXPECT_EQ(+MakeDefaultPageTyping().nSpeed, 4);
 }
 
 TEST_F(PageTest, HitTestHandleResults) {

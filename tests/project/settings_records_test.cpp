@@ -55,13 +55,13 @@ TEST(SettingsLines, HaveTheirFixedLengths) {
 
 TEST(FixedStrings, CutToFitAndAlwaysTerminated) {
     char16_t field[4];
-    QStringToFixed(QString("abcdef"), field, 4);
+    QStringToFixed(QString("abcdef"), &field);
     EXPECT_EQ(FixedToQString(field, 4), "abc");
     EXPECT_EQ(field[3], u'\0');
-    QStringToFixed(QString::fromUtf16(u"ab\U0001F600"), field, 4);  // no half a surrogate pair
+    QStringToFixed(QString::fromUtf16(u"ab\U0001F600"), &field);  // no half a surrogate pair
     EXPECT_EQ(FixedToQString(field, 4), "ab");
     const char16_t full[3] = {u'x', u'y', u'z'};  // unterminated: stops at capacity
-    EXPECT_EQ(FixedToQString(full, 3), "xyz");
+    EXPECT_EQ(FixedToQString(&full), "xyz");
 }
 
 }  // namespace

@@ -37,14 +37,14 @@ TEST(ApplyOptions, ImageBackdropNeedsAnExistingFile) {
     edit.nBackKind = BACK_IMAGE;
     edit.bGrid = 1;
     EXPECT_TRUE(ApplyOptions(frame, frame, edit, ANY_FILE).bEditRejected);  // empty path
-    EXPECT_EQ(frame.nBackKind, BACK_CHECKER);
-    EXPECT_EQ(frame.bGrid, 0u);  // the whole page of edits is dropped
-    QStringToFixed(QString("/pictures/back.png"), edit.szBackImage);
+    EXPECT_EQ(+frame.nBackKind, BACK_CHECKER);
+    EXPECT_EQ(+frame.bGrid, 0u);  // the whole page of edits is dropped
+    QStringToFixed(QString("/pictures/back.png"), &edit.szBackImage);
     EXPECT_TRUE(ApplyOptions(frame, frame, edit, NO_FILE).bEditRejected);
     const UstOptionsOutcome out = ApplyOptions(frame, frame, edit, ANY_FILE);
     EXPECT_TRUE(out.bEditTaken);
-    EXPECT_EQ(frame.nBackKind, BACK_IMAGE);
-    EXPECT_EQ(frame.bGrid, 1u);
+    EXPECT_EQ(+frame.nBackKind, BACK_IMAGE);
+    EXPECT_EQ(+frame.bGrid, 1u);
 }
 
 TEST(ApplyOptions, ProgramFieldsOneByOne) {
@@ -59,10 +59,10 @@ TEST(ApplyOptions, ProgramFieldsOneByOne) {
     EXPECT_TRUE(out.bEditTaken);
     EXPECT_TRUE(out.bRestartTimer);
     EXPECT_TRUE(out.bAskRestart);
-    EXPECT_EQ(frame.bPreviewLeft, 1u);
-    EXPECT_EQ(frame.nAutoSaveMin, 12u);
-    EXPECT_EQ(frame.nLanguage, 18);  // stands even if the restart is refused
-    EXPECT_EQ(frame.bMarkSD, 1u);
+    EXPECT_EQ(+frame.bPreviewLeft, 1u);
+    EXPECT_EQ(+frame.nAutoSaveMin, 12u);
+    EXPECT_EQ(+frame.nLanguage, 18);  // stands even if the restart is refused
+    EXPECT_EQ(+frame.bMarkSD, 1u);
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ TEST(LoadEnv, MissingFileGivesDefaultsAndWritesThem) {
     const auto file = TempPath(dir, "qrdenv.ini");
     UstEnv env;
     EXPECT_EQ(LoadEnv(file, env, 18), ELoadResult::CREATED);
-    EXPECT_EQ(env.nLanguage, 18);
+    EXPECT_EQ(+env.nLanguage, 18);
     const UstEnv defaults = MakeDefaultEnv(18);
     EXPECT_EQ(std::memcmp(&env, &defaults, sizeof env), 0);
     EXPECT_EQ(ReadFile(file), EnvLine(defaults));
@@ -45,8 +45,8 @@ TEST(LoadEnv, DamagedFileGivesDefaultsAndIsLeftAlone) {
         WriteFile(file, bad);
         UstEnv env;
         EXPECT_EQ(LoadEnv(file, env, 9), ELoadResult::DEFAULTS);
-        EXPECT_EQ(env.nGridStep, 10u);
-        EXPECT_EQ(env.nLanguage, 9);
+        EXPECT_EQ(+env.nGridStep, 10u);
+        EXPECT_EQ(+env.nLanguage, 9);
         EXPECT_EQ(ReadFile(file), bad);
     }
 }
@@ -56,7 +56,7 @@ TEST(LoadEnv, ReadsWhatSaveEnvWrote) {
     const auto file = TempPath(dir, "qrdenv.ini");
     UstEnv saved = MakeDefaultEnv(9);
     saved.nAutoSaveMin = 42;
-    QStringToFixed(QString::fromUtf16(u"/그림/배경.png"), saved.szBackImage);
+    QStringToFixed(QString::fromUtf16(u"/그림/배경.png"), &saved.szBackImage);
     ASSERT_TRUE(SaveEnv(file, saved));
     UstEnv env;
     EXPECT_EQ(LoadEnv(file, env, 18), ELoadResult::READ);
@@ -75,7 +75,7 @@ TEST(LoadDefaultAttr, MissingThenSavedThenRead) {
     ASSERT_TRUE(SaveDefaultAttr(file, attr));
     UstDefaultAttr again;
     EXPECT_EQ(LoadDefaultAttr(file, again, u"Other"), ELoadResult::READ);
-    EXPECT_EQ(again.effect.nEdge, 7);
+    EXPECT_EQ(+again.effect.nEdge, 7);
 }
 
 TEST(Language, FromLocaleThenFromTheSettingsFile) {
@@ -93,7 +93,7 @@ TEST(Language, FromLocaleThenFromTheSettingsFile) {
     LoadEnv(file, env, LanguageFromLocale(german));
     UstEnv written;
     ASSERT_TRUE(GetProfileStruct(file, ENV_SECTION, ENV_KEY, &written, sizeof written));
-    EXPECT_EQ(written.nLanguage, 9);
+    EXPECT_EQ(+written.nLanguage, 9);
     // The stored language wins over the system's.
     EXPECT_EQ(ChooseLanguage(file, korean), 9);
     // A file cut by one digit reads as failed: the system's language is used.

@@ -120,10 +120,10 @@ TEST_F(MainFrameTest, SettingsAreWrittenOnlyWhenTheFrameGoes) {
     frame->m_Env.nGridStep = 37;
     UstEnv onDisk;
     ASSERT_TRUE(GetProfileStruct(m_folders.EnvIni(), ENV_SECTION, ENV_KEY, &onDisk, sizeof onDisk));
-    EXPECT_EQ(onDisk.nGridStep, 10u);
+    EXPECT_EQ(+onDisk.nGridStep, 10u);
     frame.reset();
     ASSERT_TRUE(GetProfileStruct(m_folders.EnvIni(), ENV_SECTION, ENV_KEY, &onDisk, sizeof onDisk));
-    EXPECT_EQ(onDisk.nGridStep, 37u);
+    EXPECT_EQ(+onDisk.nGridStep, 37u);
     EXPECT_TRUE(std::filesystem::exists(m_folders.DataIni()));
 }
 
