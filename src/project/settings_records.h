@@ -8,7 +8,7 @@
 #include <QString>
 
 #include "objects/attr_records.h"
-#include "objects/text_records.h"
+#include "render/font_records.h"
 
 namespace orv {
 
