@@ -41,6 +41,14 @@ Recovering from the last modification.</translation>
         <translation>&amp;File</translation>
     </message>
     <message>
+        <source>Export page to Image (TGA 32)</source>
+        <translation>Export page to Image (TGA 32)</translation>
+    </message>
+    <message>
+        <source>Save to TGA 32bit image.</source>
+        <translation>Save to TGA 32bit image.</translation>
+    </message>
+    <message>
         <source>E&amp;xit</source>
         <translation>E&amp;xit</translation>
     </message>
@@ -193,6 +201,14 @@ Align to bottom</translation>
     <message>
         <source>To apply language setting, the program must be restarted. Terminate program?</source>
         <translation>To apply language setting, the program must be restarted. Terminate program?</translation>
+    </message>
+    <message>
+        <source>TGA Files(*.TGA)</source>
+        <translation>TGA Files(*.TGA)</translation>
+    </message>
+    <message>
+        <source>The page could not be written to %1.</source>
+        <translation>The page could not be written to %1.</translation>
     </message>
     <message>
         <source>Please stop automatic play out to exit play mode.</source>

@@ -41,6 +41,14 @@ Recovering from the last modification.</source>
         <translation>파일(&amp;F)</translation>
     </message>
     <message>
+        <source>Export page to Image (TGA 32)</source>
+        <translation>페이지를 이미지로 내보내기 (TGA 32)</translation>
+    </message>
+    <message>
+        <source>Save to TGA 32bit image.</source>
+        <translation>32비트 TGA 이미지로 저장합니다.</translation>
+    </message>
+    <message>
         <source>E&amp;xit</source>
         <translation>끝내기(&amp;X)</translation>
     </message>
@@ -193,6 +201,14 @@ Align to bottom</source>
     <message>
         <source>To apply language setting, the program must be restarted. Terminate program?</source>
         <translation>언어 설정을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?</translation>
+    </message>
+    <message>
+        <source>TGA Files(*.TGA)</source>
+        <translation>TGA 파일(*.TGA)</translation>
+    </message>
+    <message>
+        <source>The page could not be written to %1.</source>
+        <translation>페이지를 %1에 저장하지 못했습니다.</translation>
     </message>
     <message>
         <source>Please stop automatic play out to exit play mode.</source>

@@ -8,7 +8,7 @@ ORV_PACKAGES=(
     qt6-translations-l10n
     qt6-image-formats-plugins
     libfreetype-dev libfontconfig-dev fonts-dejavu-core fonts-unfonts-core
-    libgtest-dev libgmock-dev googletest libbenchmark-dev
+    libgtest-dev libgmock-dev googletest libbenchmark-dev clang libclang-rt-14-dev python3
 )
 
 orv_as_root() {

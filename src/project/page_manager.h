@@ -91,6 +91,9 @@ public:
     void DrawHandles();
     void Repaint();
     void UpdateThumbnail();
+    // The page at full scale into a cleared straight block of w x h, as it
+    // would go to air; what each object draws for play.
+    void DrawToImage(uint32_t* bits, int w, int h);
     void RebuildPageText(bool measure);
     void SetModified(bool modified);
     void PushUndo(int kind);

@@ -57,6 +57,13 @@ void CPageManager::UpdateThumbnail() {
     FlipPixels(m_pThumbBits.data(), m_nThumbWidth, m_nThumbHeight, 0);  // file order: bottom up
 }
 
+void CPageManager::DrawToImage(uint32_t* bits, int w, int h) {
+    if (!bits || w <= 0 || h <= 0) return;
+    ClearPixels(bits, w, h);
+    for (auto& o : m_objects)
+        o->DrawTo(bits, w, h);
+}
+
 void CPageManager::RebuildPageText(bool measure) {
     (void)measure;  // re-measuring belongs to text objects
     m_strPageText.clear();

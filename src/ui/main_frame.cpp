@@ -5,8 +5,8 @@
 #include <QDataStream>
 #include <QDockWidget>
 #include <QFile>
+#include <QFileDialog>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
@@ -17,6 +17,7 @@
 
 #include "project/project_manager.h"
 #include "render/font_service.h"
+#include "render/image_file.h"
 #include "shell/app_object.h"
 #include "shell/frame_rules.h"
 #include "shell/settings_files.h"
@@ -107,6 +108,11 @@ void CMainFrame::CreateStatusBar() {
 
 void CMainFrame::CreateCommandBars() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* exportTga =
+        file->addAction(tr("Export page to Image (TGA 32)"), this, &CMainFrame::ExportPageToTga);
+    exportTga->setStatusTip(tr("Save to TGA 32bit image."));
+    exportTga->setObjectName("cmd40016");
+    file->addSeparator();
     QAction* exit = file->addAction(tr("E&xit"), this, &QWidget::close);
     exit->setShortcut(QKeySequence::Quit);
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
@@ -293,8 +299,11 @@ const QImage* CMainFrame::BackdropImage() {
     if (m_Env.nBackKind != BACK_IMAGE || path.isEmpty()) return nullptr;
     if (path != m_strBackImagePath) {
         m_strBackImagePath = path;
-        QImageReader reader(path);
-        m_backImage = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        const UstPixelImage image = LoadImageFile(path);
+        m_backImage = image ? QImage(reinterpret_cast<const uchar*>(image.bits.get()), image.width,
+                                     image.height, image.width * 4, QImage::Format_ARGB32)
+                                  .convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                            : QImage();
     }
     return m_backImage.isNull() ? nullptr : &m_backImage;
 }
@@ -336,6 +345,27 @@ void CMainFrame::ShowOptions() {
         if (answer == QMessageBox::Yes)
             QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);
     }
+}
+
+void CMainFrame::ExportPageToTga() {
+    QString name = QFileDialog::getSaveFileName(this, tr("Export page to Image (TGA 32)"), {},
+                                                tr("TGA Files(*.TGA)"));
+    if (name.isEmpty()) return;
+    if (!name.endsWith(".tga", Qt::CaseInsensitive)) name += ".tga";
+    if (!ExportPageTo(name))
+        QMessageBox::warning(this, windowTitle(),
+                             tr("The page could not be written to %1.").arg(name));
+}
+
+bool CMainFrame::ExportPageTo(const QString& file) {
+    CZevrantView* view = ActiveView();
+    CPageManager* page = view ? view->Page() : nullptr;
+    if (!page) return false;
+    const UstSize size =
+        CZevrantApp::Get() ? CZevrantApp::Get()->GetFrameSize() : UstSize{1920, 1080};
+    std::vector<uint32_t> block(static_cast<size_t>(size.cx) * size.cy);
+    page->DrawToImage(block.data(), size.cx, size.cy);
+    return WriteTga32(block.data(), size.cx, size.cy, QFile::encodeName(file).toStdString()) == 1;
 }
 
 void CMainFrame::RefreshViews() {

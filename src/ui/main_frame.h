@@ -50,6 +50,9 @@ public:
     int AutoSaveInterval() const { return m_timer.isActive() ? m_timer.interval() : 0; }
     void OnTimer();
     void ShowOptions();
+    void ExportPageToTga();
+    // Writes the active page to a TGA file; false with nothing written on failure.
+    bool ExportPageTo(const QString& file);
 
     Q_INVOKABLE void OnPlayNotify(int what, int arg);
     Q_INVOKABLE void OnAttrChanged();

@@ -10,7 +10,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -20,6 +19,8 @@
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
+
+#include "render/image_file.h"
 
 namespace orv {
 
@@ -176,10 +177,9 @@ void CTabEnvEdit::PaintSwatch(QPushButton* button, uint32_t colour) {
 }
 
 bool CTabEnvEdit::IsSupportedPicture(const QString& path) {
-    const QString ext = QFileInfo(path).suffix().toLower();
-    if (ext == "tga") return true;
-    QImageReader reader(path);
-    return reader.canRead();
+    int w = 0, h = 0;
+    GetImageSize(path, w, h);
+    return IsImageExtension(path) && w > 0 && h > 0;
 }
 
 void CTabEnvEdit::ChooseImage() {

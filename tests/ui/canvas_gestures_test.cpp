@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "project/project_manager.h"
+#include "render/tga_file.h"
 #include "support/rect_object.h"
 #include "ui/main_frame.h"
 #include "ui/zevrant_doc.h"
@@ -176,6 +177,19 @@ TEST_F(CanvasTest, RollPageHasAScrollBarThatTheWheelMoves) {
     QApplication::sendEvent(view, &up);
     EXPECT_EQ(page->m_nScrollY, origin - 40);
     EXPECT_EQ(bar->value(), origin - 40);
+}
+
+TEST_F(CanvasTest, ExportWritesThePageAtFrameSize) {
+    page->AddObject(std::make_unique<CRectObject>(UstRect{100, 50, 300, 150}, 0xFF00FF00u));
+    const QString file = m_home.filePath("page.tga");
+    ASSERT_TRUE(frame->ExportPageTo(file));
+    const UstPixelImage image = ReadTga(file.toStdString());
+    ASSERT_TRUE(image);
+    EXPECT_EQ(image.width, 1920);
+    EXPECT_EQ(image.height, 1080);
+    EXPECT_EQ(image.bits[static_cast<size_t>(60) * 1920 + 120], 0xFF00FF00u);
+    EXPECT_EQ(image.bits[0], 0u);
+    EXPECT_FALSE(frame->ExportPageTo(m_home.filePath("no/such/folder/page.tga")));
 }
 
 }  // namespace
