@@ -6,6 +6,7 @@
 #include <QSettings>
 #include <QTest>
 
+#include "frame_fixture.h"
 #include "project/project_manager.h"
 #include "render/tga_file.h"
 #include "support/rect_object.h"
@@ -18,16 +19,11 @@ namespace {
 
 using test::CRectObject;
 
-class CanvasTest : public testing::Test {
+class CanvasTest : public test::CFrameFixture {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(m_home.isValid());
-        const std::filesystem::path home = m_home.path().toStdString();
-        m_folders = ResolveFolders({"", "", home.string()}, home);
-        CreateWellKnownFolders(m_folders);
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_home.path());
-        frame = std::make_unique<CMainFrame>(m_folders, 9);
-        ASSERT_TRUE(frame->OnCreate());
+        CFrameFixture::SetUp();
+        frame = MakeFrame(9);
         doc = new CZevrantDoc(frame.get());
         view = frame->AddProjectWindow(doc);
         frame->resize(760, 560);
@@ -59,8 +55,6 @@ protected:
         QTest::mouseRelease(view, Qt::LeftButton, mods, to);
     }
 
-    QTemporaryDir m_home;
-    UstFolders m_folders;
     std::unique_ptr<CMainFrame> frame;
     CZevrantDoc* doc = nullptr;
     CZevrantView* view = nullptr;

@@ -7,6 +7,7 @@
 #include <QSettings>
 #include <QTimer>
 
+#include "frame_fixture.h"
 #include "project/profile_file.h"
 #include "shell/settings_files.h"
 #include "test_util.h"
@@ -17,25 +18,7 @@
 namespace orv {
 namespace {
 
-class MainFrameTest : public testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(m_home.isValid());
-        const std::filesystem::path home = m_home.path().toStdString();
-        m_folders = ResolveFolders({"", "", home.string()}, home);
-        CreateWellKnownFolders(m_folders);
-        QCoreApplication::setOrganizationName("Tavrix");
-        QCoreApplication::setApplicationName("Orvantis-HD");
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_home.path());
-    }
-    std::unique_ptr<CMainFrame> MakeFrame(uint16_t language) {
-        auto frame = std::make_unique<CMainFrame>(m_folders, language);
-        EXPECT_TRUE(frame->OnCreate());
-        return frame;
-    }
-    QTemporaryDir m_home;
-    UstFolders m_folders;
-};
+using MainFrameTest = test::CFrameFixture;
 
 TEST_F(MainFrameTest, TitlePanesAndStatusBar) {
     auto frame = MakeFrame(9);
