@@ -2,6 +2,8 @@
 // said it has AVX2.
 #include <immintrin.h>
 
+#include <cstring>
+
 #include "render/box_blur_driver.h"
 #include "render/pixel_kernels.h"
 
@@ -178,66 +180,15 @@ inline __m256i WidenBytes(const uint32_t* p) {
     return _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)));
 }
 
-struct Avx2BlurOps {
-    static void Update(uint16_t* sums, const uint32_t* add, const uint32_t* sub, int n) {
-        int i = 0;
-        for (; i + 4 <= n; i += 4) {
-            auto* at = reinterpret_cast<__m256i*>(sums + 4 * i);
-            __m256i v = _mm256_add_epi16(_mm256_loadu_si256(at), WidenBytes(add + i));
-            if (sub) v = _mm256_sub_epi16(v, WidenBytes(sub + i));
-            _mm256_storeu_si256(at, v);
-        }
-        UpdateTail(sums, add, sub, i, n);
-    }
-    // Two pixels per step: the second takes the first's sum within the
-    // register, and both take the running total carried from before.
-    static void Prefix(uint32_t* prefix, const uint16_t* sums, int n) {
-        __m256i carry = _mm256_setzero_si256();
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(prefix), _mm_setzero_si128());
-        int i = 0;
-        for (; i + 2 <= n; i += 2) {
-            __m256i x = _mm256_cvtepu16_epi32(
-                _mm_loadu_si128(reinterpret_cast<const __m128i*>(sums + 4 * i)));
-            x = _mm256_add_epi32(x, _mm256_permute2x128_si256(x, x, 0x08));
-            // Only one add per step waits on the step before.
-            Store(prefix + 4 * (i + 1), _mm256_add_epi32(x, carry));
-            carry = _mm256_add_epi32(carry, _mm256_permute2x128_si256(x, x, 0x11));
-        }
-        if (i < n) {
-            const __m128i c = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(sums + 4 * i));
-            const __m128i run = _mm_add_epi32(_mm256_castsi256_si128(carry),
-                                              _mm_unpacklo_epi16(c, _mm_setzero_si128()));
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(prefix + 4 * (i + 1)), run);
-        }
-    }
-    static __m256i Mean(__m256i sum, __m256i mv, __m128i shift, bool narrow) {
-        if (narrow) return _mm256_srl_epi32(_mm256_mullo_epi32(sum, mv), shift);
-        const __m256i low = _mm256_set_epi32(0, -1, 0, -1, 0, -1, 0, -1);
-        const __m256i even = _mm256_srl_epi64(_mm256_mul_epu32(sum, mv), shift);
-        const __m256i odd =
-            _mm256_srl_epi64(_mm256_mul_epu32(_mm256_srli_epi64(sum, 32), mv), shift);
-        return _mm256_or_si256(_mm256_and_si256(even, low), _mm256_slli_epi64(odd, 32));
-    }
-    static void Output(uint32_t* out, const uint32_t* prefix, int w, int box, uint32_t m, int s) {
-        const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
-        const __m128i shift = _mm_cvtsi32_si128(s);
-        // After the packs each lane holds its two pixels' bytes: (A, C) and (B, D).
-        const __m256i order = _mm256_set_epi32(0, 0, 0, 0, 5, 1, 4, 0);
-        const bool narrow = ProductFits32(box, m);
-        auto sumAt = [&](int j) {
-            return _mm256_sub_epi32(Load(prefix + 4 * (j + box)), Load(prefix + 4 * j));
-        };
-        int j = 0;
-        for (; j + 4 <= w; j += 4) {
-            const __m256i ab = Mean(sumAt(j), mv, shift, narrow);
-            const __m256i cd = Mean(sumAt(j + 2), mv, shift, narrow);
-            const __m256i w16 = _mm256_packs_epi32(ab, cd);
-            const __m256i all = _mm256_permutevar8x32_epi32(_mm256_packus_epi16(w16, w16), order);
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(out + j), _mm256_castsi256_si128(all));
-        }
-        OutputTail(out, prefix, j, w, box, m, s);
-    }
-};
+// floor(sum * m / 2^s) for eight 32-bit sums: one 32-bit multiply when no
+// product can overflow, else the 64-bit products of the even and odd lanes.
+inline __m256i BoxMean(__m256i sum, __m256i mv, __m128i shift, bool narrow) {
+    if (narrow) return _mm256_srl_epi32(_mm256_mullo_epi32(sum, mv), shift);
+    const __m256i low = _mm256_set_epi32(0, -1, 0, -1, 0, -1, 0, -1);
+    const __m256i even = _mm256_srl_epi64(_mm256_mul_epu32(sum, mv), shift);
+    const __m256i odd = _mm256_srl_epi64(_mm256_mul_epu32(_mm256_srli_epi64(sum, 32), mv), shift);
+    return _mm256_or_si256(_mm256_and_si256(even, low), _mm256_slli_epi64(odd, 32));
+}
 
 inline __m256d Widen(uint32_t p) {
     return _mm256_cvtepi32_pd(_mm_cvtepu8_epi32(_mm_cvtsi32_si128(static_cast<int>(p))));
@@ -258,9 +209,92 @@ struct Avx2ScaleOps {
     }
 };
 
-void BoxBlur(const UstBlurArea& a) {
-    RunningBoxBlur<Avx2BlurOps>(a);
+// The box sum slides along the row: S(j) = S(j - 1) + C(j + 2r - 1) - C(j - 1)
+// over the 16-bit column sums C, whose differences fit 16 signed bits. Two
+// pixels share a register, so only one add per step waits on the one before.
+void SlideAndOutput(uint32_t* out, const uint16_t* cols, int w, int box, uint32_t m, int s) {
+    const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
+    const __m128i shift = _mm_cvtsi32_si128(s);
+    const __m256i order = _mm256_set_epi32(0, 0, 0, 0, 5, 1, 4, 0);
+    const bool narrow = ProductFits32(box, m);
+    uint32_t before[4] = {0, 0, 0, 0};  // S(-1): columns 0 to 2r - 2
+    for (int c = 0; c < box - 1; ++c)
+        for (int ch = 0; ch < 4; ++ch)
+            before[ch] += cols[4 * c + ch];
+    __m256i carry =
+        _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(before)));
+    int j = 0;
+    for (; j + 4 <= w; j += 4) {
+        const __m256i enter =
+            _mm256_loadu_si256(reinterpret_cast<const __m256i*>(cols + 4 * (j + box - 1)));
+        const __m256i leave =
+            _mm256_loadu_si256(reinterpret_cast<const __m256i*>(cols + 4 * (j - 1)));
+        const __m256i d = _mm256_sub_epi16(enter, leave);
+        __m256i means[2];
+        for (int half = 0; half < 2; ++half) {
+            __m256i x = _mm256_cvtepi16_epi32(half ? _mm256_extracti128_si256(d, 1)
+                                                   : _mm256_castsi256_si128(d));
+            x = _mm256_add_epi32(x, _mm256_permute2x128_si256(x, x, 0x08));
+            means[half] = BoxMean(_mm256_add_epi32(x, carry), mv, shift, narrow);
+            carry = _mm256_add_epi32(carry, _mm256_permute2x128_si256(x, x, 0x11));
+        }
+        const __m256i w16 = _mm256_packs_epi32(means[0], means[1]);
+        const __m256i all = _mm256_permutevar8x32_epi32(_mm256_packus_epi16(w16, w16), order);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + j), _mm256_castsi256_si128(all));
+    }
+    uint32_t run[4];
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(run), _mm256_castsi256_si128(carry));
+    for (; j < w; ++j) {
+        uint32_t px = 0;
+        for (int ch = 0; ch < 4; ++ch) {
+            run[ch] += static_cast<uint32_t>(cols[4 * (j + box - 1) + ch]) - cols[4 * (j - 1) + ch];
+            px |= static_cast<uint32_t>((static_cast<uint64_t>(run[ch]) * m) >> s) << (8 * ch);
+        }
+        out[j] = px;
+    }
 }
+
+// The column update that also keeps the entering row, before it is ever
+// overwritten, in the ring the subtraction later reads from.
+void UpdateKeeping(uint16_t* sums, const uint32_t* add, const uint32_t* sub, uint32_t* keep,
+                   int n) {
+    int i = 0;
+    for (; i + 4 <= n; i += 4) {
+        auto* at = reinterpret_cast<__m256i*>(sums + 4 * i);
+        const __m128i in = _mm_loadu_si128(reinterpret_cast<const __m128i*>(add + i));
+        if (keep) _mm_storeu_si128(reinterpret_cast<__m128i*>(keep + i), in);
+        __m256i v = _mm256_add_epi16(_mm256_loadu_si256(at), _mm256_cvtepu8_epi16(in));
+        if (sub) v = _mm256_sub_epi16(v, WidenBytes(sub + i));
+        _mm256_storeu_si256(at, v);
+    }
+    if (keep) std::copy(add + i, add + n, keep + i);
+    UpdateTail(sums, add, sub, i, n);
+}
+
+void BoxBlur(const UstBlurArea& a) {
+    const int r = a.radius, box = 2 * r, ringRows = 2 * r + 1;
+    const int spanLeft = a.left - r, span = a.right - a.left + box, w = a.right - a.left;
+    const size_t stride = static_cast<size_t>(a.blockWidth);
+    auto row = [&](int y) { return a.bits + static_cast<size_t>(y) * stride + spanLeft; };
+    // Scratch kept per thread: fresh pages on every call would cost more than
+    // the blur. One zero column in front lets the first box let one go.
+    thread_local std::vector<uint16_t> sums;
+    thread_local std::vector<uint32_t> ring;
+    sums.assign(static_cast<size_t>(span + 1) * 4 + 16, 0);
+    ring.resize(std::max(ring.size(), static_cast<size_t>(ringRows) * span));
+    uint16_t* cols = sums.data() + 4;
+    auto saved = [&](int y) { return ring.data() + static_cast<size_t>(y % ringRows) * span; };
+    for (int y = a.top - r; y < a.top + r; ++y)
+        UpdateKeeping(cols, row(y), nullptr, y >= a.top ? saved(y) : nullptr, span);
+    for (int y = a.top; y < a.bottom; ++y) {
+        SlideAndOutput(row(y) + r, cols, w, box, a.m, a.s);
+        if (y + 1 == a.bottom) break;
+        const int gone = y - r;
+        UpdateKeeping(cols, row(y + r), gone >= a.top ? saved(gone) : row(gone),
+                      y + r < a.bottom ? saved(y + r) : nullptr, span);
+    }
+}
+
 void ScaleBilinear(const UstScaleJob& job) {
     ScaleWithPlan<Avx2ScaleOps>(job);
 }
