@@ -215,7 +215,6 @@ struct Avx2ScaleOps {
 void SlideAndOutput(uint32_t* out, const uint16_t* cols, int w, int box, uint32_t m, int s) {
     const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
     const __m128i shift = _mm_cvtsi32_si128(s);
-    const __m256i order = _mm256_set_epi32(0, 0, 0, 0, 5, 1, 4, 0);
     const bool narrow = ProductFits32(box, m);
     uint32_t before[4] = {0, 0, 0, 0};  // S(-1): columns 0 to 2r - 2
     for (int c = 0; c < box - 1; ++c)
@@ -223,6 +222,7 @@ void SlideAndOutput(uint32_t* out, const uint16_t* cols, int w, int box, uint32_
             before[ch] += cols[4 * c + ch];
     __m256i carry =
         _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(before)));
+    const __m256i pairOrder = _mm256_set_epi32(0, 0, 0, 0, 5, 4, 1, 0);
     int j = 0;
     for (; j + 4 <= w; j += 4) {
         const __m256i enter =
@@ -230,16 +230,19 @@ void SlideAndOutput(uint32_t* out, const uint16_t* cols, int w, int box, uint32_
         const __m256i leave =
             _mm256_loadu_si256(reinterpret_cast<const __m256i*>(cols + 4 * (j - 1)));
         const __m256i d = _mm256_sub_epi16(enter, leave);
-        __m256i means[2];
-        for (int half = 0; half < 2; ++half) {
-            __m256i x = _mm256_cvtepi16_epi32(half ? _mm256_extracti128_si256(d, 1)
-                                                   : _mm256_castsi256_si128(d));
-            x = _mm256_add_epi32(x, _mm256_permute2x128_si256(x, x, 0x08));
-            means[half] = BoxMean(_mm256_add_epi32(x, carry), mv, shift, narrow);
-            carry = _mm256_add_epi32(carry, _mm256_permute2x128_si256(x, x, 0x11));
-        }
-        const __m256i w16 = _mm256_packs_epi32(means[0], means[1]);
-        const __m256i all = _mm256_permutevar8x32_epi32(_mm256_packus_epi16(w16, w16), order);
+        // Widened within lanes: first = (d0, d2), second = (d1, d3).
+        const __m256i sign = _mm256_srai_epi16(d, 15);
+        const __m256i first = _mm256_unpacklo_epi16(d, sign);
+        const __m256i second = _mm256_unpackhi_epi16(d, sign);
+        // (d0 + d1, d0 + d1 + d2 + d3): the sums that end each lane.
+        __m256i ends = _mm256_add_epi32(first, second);
+        ends = _mm256_add_epi32(ends, _mm256_permute2x128_si256(ends, ends, 0x08));
+        const __m256i odd = _mm256_add_epi32(ends, carry);   // S1, S3
+        const __m256i even = _mm256_sub_epi32(odd, second);  // S0, S2
+        carry = _mm256_permute2x128_si256(odd, odd, 0x11);
+        const __m256i w16 =
+            _mm256_packs_epi32(BoxMean(even, mv, shift, narrow), BoxMean(odd, mv, shift, narrow));
+        const __m256i all = _mm256_permutevar8x32_epi32(_mm256_packus_epi16(w16, w16), pairOrder);
         _mm_storeu_si128(reinterpret_cast<__m128i*>(out + j), _mm256_castsi256_si128(all));
     }
     uint32_t run[4];
