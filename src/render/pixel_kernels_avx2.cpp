@@ -209,41 +209,48 @@ struct Avx2ScaleOps {
     }
 };
 
+// Four boxes' sums from the carried total: the column differences d (16-bit
+// signed) widen within lanes, first = (d0, d2), second = (d1, d3); each
+// lane's running sums then take the total carried into it. The carry moves
+// by one add, the lane crossing stays off that chain.
+inline __m256i PackedMeans(const uint16_t* enterAt, const uint16_t* leaveAt, __m256i& carry,
+                           __m256i mv, __m128i shift, bool narrow) {
+    const __m256i d =
+        _mm256_sub_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(enterAt)),
+                         _mm256_loadu_si256(reinterpret_cast<const __m256i*>(leaveAt)));
+    const __m256i sign = _mm256_srai_epi16(d, 15);
+    const __m256i first = _mm256_unpacklo_epi16(d, sign);
+    const __m256i second = _mm256_unpackhi_epi16(d, sign);
+    __m256i ends = _mm256_add_epi32(first, second);
+    ends = _mm256_add_epi32(ends, _mm256_permute2x128_si256(ends, ends, 0x08));
+    const __m256i odd = _mm256_add_epi32(ends, carry);   // S1, S3
+    const __m256i even = _mm256_sub_epi32(odd, second);  // S0, S2
+    carry = _mm256_add_epi32(carry, _mm256_permute2x128_si256(ends, ends, 0x11));
+    // Words per lane: (S0, S1) and (S2, S3).
+    return _mm256_packs_epi32(BoxMean(even, mv, shift, narrow), BoxMean(odd, mv, shift, narrow));
+}
+
 // The box sum slides along the row: S(j) = S(j - 1) + C(j + 2r - 1) - C(j - 1)
-// over the 16-bit column sums C, whose differences fit 16 signed bits. Two
-// pixels share a register, so only one add per step waits on the one before.
+// over the 16-bit column sums C, eight pixels a step.
+template <bool narrow>
 void SlideAndOutput(uint32_t* out, const uint16_t* cols, int w, int box, uint32_t m, int s) {
     const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
     const __m128i shift = _mm_cvtsi32_si128(s);
-    const bool narrow = ProductFits32(box, m);
     uint32_t before[4] = {0, 0, 0, 0};  // S(-1): columns 0 to 2r - 2
     for (int c = 0; c < box - 1; ++c)
         for (int ch = 0; ch < 4; ++ch)
             before[ch] += cols[4 * c + ch];
     __m256i carry =
         _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(before)));
-    const __m256i pairOrder = _mm256_set_epi32(0, 0, 0, 0, 5, 4, 1, 0);
+    // After the byte packing, lane 0 holds pixels 0, 1, 4, 5 and lane 1 2, 3, 6, 7.
+    const __m256i order = _mm256_set_epi32(7, 6, 3, 2, 5, 4, 1, 0);
     int j = 0;
-    for (; j + 4 <= w; j += 4) {
-        const __m256i enter =
-            _mm256_loadu_si256(reinterpret_cast<const __m256i*>(cols + 4 * (j + box - 1)));
-        const __m256i leave =
-            _mm256_loadu_si256(reinterpret_cast<const __m256i*>(cols + 4 * (j - 1)));
-        const __m256i d = _mm256_sub_epi16(enter, leave);
-        // Widened within lanes: first = (d0, d2), second = (d1, d3).
-        const __m256i sign = _mm256_srai_epi16(d, 15);
-        const __m256i first = _mm256_unpacklo_epi16(d, sign);
-        const __m256i second = _mm256_unpackhi_epi16(d, sign);
-        // (d0 + d1, d0 + d1 + d2 + d3): the sums that end each lane.
-        __m256i ends = _mm256_add_epi32(first, second);
-        ends = _mm256_add_epi32(ends, _mm256_permute2x128_si256(ends, ends, 0x08));
-        const __m256i odd = _mm256_add_epi32(ends, carry);   // S1, S3
-        const __m256i even = _mm256_sub_epi32(odd, second);  // S0, S2
-        carry = _mm256_permute2x128_si256(odd, odd, 0x11);
-        const __m256i w16 =
-            _mm256_packs_epi32(BoxMean(even, mv, shift, narrow), BoxMean(odd, mv, shift, narrow));
-        const __m256i all = _mm256_permutevar8x32_epi32(_mm256_packus_epi16(w16, w16), pairOrder);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + j), _mm256_castsi256_si128(all));
+    for (; j + 8 <= w; j += 8) {
+        const __m256i a =
+            PackedMeans(cols + 4 * (j + box - 1), cols + 4 * (j - 1), carry, mv, shift, narrow);
+        const __m256i b =
+            PackedMeans(cols + 4 * (j + box + 3), cols + 4 * (j + 3), carry, mv, shift, narrow);
+        Store(out + j, _mm256_permutevar8x32_epi32(_mm256_packus_epi16(a, b), order));
     }
     uint32_t run[4];
     _mm_storeu_si128(reinterpret_cast<__m128i*>(run), _mm256_castsi256_si128(carry));
@@ -287,10 +294,14 @@ void BoxBlur(const UstBlurArea& a) {
     ring.resize(std::max(ring.size(), static_cast<size_t>(ringRows) * span));
     uint16_t* cols = sums.data() + 4;
     auto saved = [&](int y) { return ring.data() + static_cast<size_t>(y % ringRows) * span; };
+    const bool narrow = ProductFits32(box, a.m);
     for (int y = a.top - r; y < a.top + r; ++y)
         UpdateKeeping(cols, row(y), nullptr, y >= a.top ? saved(y) : nullptr, span);
     for (int y = a.top; y < a.bottom; ++y) {
-        SlideAndOutput(row(y) + r, cols, w, box, a.m, a.s);
+        if (narrow)
+            SlideAndOutput<true>(row(y) + r, cols, w, box, a.m, a.s);
+        else
+            SlideAndOutput<false>(row(y) + r, cols, w, box, a.m, a.s);
         if (y + 1 == a.bottom) break;
         const int gone = y - r;
         UpdateKeeping(cols, row(y + r), gone >= a.top ? saved(gone) : row(gone),
