@@ -79,10 +79,12 @@ TEST_P(KernelsMatchScalar, BlendAndKey) {
 }
 
 TEST_P(KernelsMatchScalar, BoxBlurAtRandomRadii) {
-    for (int round = 0; round < 40; ++round) {
-        const int radius = Between(1, 7);
-        const int w = Between(4 * radius + 1, 4 * radius + 37) | 1;
-        const int h = Between(4 * radius + 1, 4 * radius + 23) | 1;
+    for (int round = 0; round < 46; ++round) {
+        // Radii above 32 take the wide multiply: a few large boxes on small regions.
+        const int radius = round < 40 ? Between(1, 7) : Between(33, 60);
+        const int extra = radius > 7 ? 9 : 37;
+        const int w = Between(4 * radius + 1, 4 * radius + extra) | 1;
+        const int h = Between(4 * radius + 1, 4 * radius + (radius > 7 ? 5 : 23)) | 1;
         const std::vector<uint32_t> block = Random(static_cast<size_t>(w) * h);
         const UstReciprocal rec = BoxReciprocal(static_cast<uint32_t>(4 * radius * radius));
         const int l = 2 * radius + Between(0, 2), t = 2 * radius + Between(0, 2);
