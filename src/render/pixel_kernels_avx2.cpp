@@ -210,6 +210,36 @@ struct Avx2ScaleOps {
     }
 };
 
+// The column update that also keeps the entering row, before it is ever
+// overwritten, in the ring the subtraction later reads from.
+inline void UpdateFour(uint16_t* sums, const uint32_t* add, const uint32_t* sub, uint32_t* keep) {
+    auto* at = reinterpret_cast<__m256i*>(sums);
+    const __m128i in = _mm_loadu_si128(reinterpret_cast<const __m128i*>(add));
+    if (keep) _mm_storeu_si128(reinterpret_cast<__m128i*>(keep), in);
+    __m256i v = _mm256_add_epi16(_mm256_loadu_si256(at), _mm256_cvtepu8_epi16(in));
+    if (sub) v = _mm256_sub_epi16(v, WidenBytes(sub));
+    _mm256_storeu_si256(at, v);
+}
+
+void UpdateKeeping(uint16_t* sums, const uint32_t* add, const uint32_t* sub, uint32_t* keep,
+                   int n) {
+    int i = 0;
+    for (; i + 4 <= n; i += 4)
+        UpdateFour(sums + 4 * i, add + i, sub ? sub + i : nullptr, keep ? keep + i : nullptr);
+    if (keep) std::copy(add + i, add + n, keep + i);
+    UpdateTail(sums, add, sub, i, n);
+}
+
+// Where the column sums go next: the row entering the window, the row
+// leaving it, and the ring slot that keeps the entering row. No add on the
+// last row.
+struct UstColumnStep {
+    const uint32_t* add = nullptr;
+    const uint32_t* sub = nullptr;
+    uint32_t* keep = nullptr;
+    int span = 0;
+};
+
 // Four boxes' sums from the carried total: the column differences d (16-bit
 // signed) widen within lanes, first = (d0, d2), second = (d1, d3); each
 // lane's running sums then take the total carried into it. The carry moves
@@ -234,25 +264,43 @@ inline __m256i PackedMeans(const uint16_t* enterAt, const uint16_t* leaveAt, __m
 
 // The box sum slides along the row: S(j) = S(j - 1) + C(j + 2r - 1) - C(j - 1)
 // over the 16-bit column sums C, eight pixels a step.
+// Columns the loop has read for the last time move on to the next row's sums
+// right there, eight behind the read front, so no store is read back soon.
 template <bool narrow>
-void SlideAndOutput(uint32_t* out, const uint16_t* cols, int w, int box, uint32_t m, int s) {
+void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, int s,
+                    const UstColumnStep& next) {
     const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
     const __m128i shift = _mm_cvtsi32_si128(s), shiftLess12 = _mm_cvtsi32_si128(s - 12);
-    uint32_t before[4] = {0, 0, 0, 0};  // S(-1): columns 0 to 2r - 2
-    for (int c = 0; c < box - 1; ++c)
-        for (int ch = 0; ch < 4; ++ch)
-            before[ch] += cols[4 * c + ch];
-    __m256i carry =
-        _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(before)));
+    // S(-1): columns 0 to 2r - 2, two columns a step.
+    __m256i pairs = _mm256_setzero_si256();
+    int c = 0;
+    for (; c + 2 <= box - 1; c += 2)
+        pairs = _mm256_add_epi32(
+            pairs,
+            _mm256_cvtepu16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(cols + 4 * c))));
+    __m128i before =
+        _mm_add_epi32(_mm256_castsi256_si128(pairs), _mm256_extracti128_si256(pairs, 1));
+    if (c < box - 1)
+        before = _mm_add_epi32(
+            before,
+            _mm_cvtepu16_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(cols + 4 * c))));
+    __m256i carry = _mm256_broadcastsi128_si256(before);
     // After the byte packing, lane 0 holds pixels 0, 1, 4, 5 and lane 1 2, 3, 6, 7.
     const __m256i order = _mm256_set_epi32(7, 6, 3, 2, 5, 4, 1, 0);
-    int j = 0;
+    int j = 0, done = 0;
     for (; j + 8 <= w; j += 8) {
         const __m256i a = PackedMeans(cols + 4 * (j + box - 1), cols + 4 * (j - 1), carry, mv,
                                       shift, shiftLess12, narrow);
         const __m256i b = PackedMeans(cols + 4 * (j + box + 3), cols + 4 * (j + 3), carry, mv,
                                       shift, shiftLess12, narrow);
         Store(out + j, _mm256_permutevar8x32_epi32(_mm256_packus_epi16(a, b), order));
+        if (next.add && j >= 8) {
+            const int c = j - 8;
+            for (int q = c; q < c + 8; q += 4)
+                UpdateFour(cols + 4 * q, next.add + q, next.sub + q,
+                           next.keep ? next.keep + q : nullptr);
+            done = j;
+        }
     }
     uint32_t run[4];
     _mm_storeu_si128(reinterpret_cast<__m128i*>(run), _mm256_castsi256_si128(carry));
@@ -264,23 +312,9 @@ void SlideAndOutput(uint32_t* out, const uint16_t* cols, int w, int box, uint32_
         }
         out[j] = px;
     }
-}
-
-// The column update that also keeps the entering row, before it is ever
-// overwritten, in the ring the subtraction later reads from.
-void UpdateKeeping(uint16_t* sums, const uint32_t* add, const uint32_t* sub, uint32_t* keep,
-                   int n) {
-    int i = 0;
-    for (; i + 4 <= n; i += 4) {
-        auto* at = reinterpret_cast<__m256i*>(sums + 4 * i);
-        const __m128i in = _mm_loadu_si128(reinterpret_cast<const __m128i*>(add + i));
-        if (keep) _mm_storeu_si128(reinterpret_cast<__m128i*>(keep + i), in);
-        __m256i v = _mm256_add_epi16(_mm256_loadu_si256(at), _mm256_cvtepu8_epi16(in));
-        if (sub) v = _mm256_sub_epi16(v, WidenBytes(sub + i));
-        _mm256_storeu_si256(at, v);
-    }
-    if (keep) std::copy(add + i, add + n, keep + i);
-    UpdateTail(sums, add, sub, i, n);
+    if (next.add)
+        UpdateKeeping(cols + 4 * done, next.add + done, next.sub + done,
+                      next.keep ? next.keep + done : nullptr, next.span - done);
 }
 
 void BoxBlur(const UstBlurArea& a) {
@@ -300,14 +334,16 @@ void BoxBlur(const UstBlurArea& a) {
     for (int y = a.top - r; y < a.top + r; ++y)
         UpdateKeeping(cols, row(y), nullptr, y >= a.top ? saved(y) : nullptr, span);
     for (int y = a.top; y < a.bottom; ++y) {
+        UstColumnStep next;
+        if (y + 1 < a.bottom) {
+            const int gone = y - r;
+            next = {row(y + r), gone >= a.top ? saved(gone) : row(gone),
+                    y + r < a.bottom ? saved(y + r) : nullptr, span};
+        }
         if (narrow)
-            SlideAndOutput<true>(row(y) + r, cols, w, box, a.m, a.s);
+            SlideAndOutput<true>(row(y) + r, cols, w, box, a.m, a.s, next);
         else
-            SlideAndOutput<false>(row(y) + r, cols, w, box, a.m, a.s);
-        if (y + 1 == a.bottom) break;
-        const int gone = y - r;
-        UpdateKeeping(cols, row(y + r), gone >= a.top ? saved(gone) : row(gone),
-                      y + r < a.bottom ? saved(y + r) : nullptr, span);
+            SlideAndOutput<false>(row(y) + r, cols, w, box, a.m, a.s, next);
     }
 }
 
