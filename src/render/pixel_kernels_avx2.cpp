@@ -180,15 +180,13 @@ inline __m256i WidenBytes(const uint32_t* p) {
     return _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)));
 }
 
-// floor(sum * m / 2^s) for eight 32-bit sums. One 32-bit multiply when no
-// product can overflow; otherwise the sum splits at bit 12, since
-// floor(sum * m / 2^s) = (hi * m + (lo * m >> 12)) >> (s - 12), and neither
-// part overflows for any sum a box of radius 60 can reach.
-inline __m256i BoxMean(__m256i sum, __m256i mv, __m128i shift, __m128i shiftLess12, bool narrow) {
+// floor(sum * m / 2^s) for eight 32-bit sums: one 32-bit multiply when no
+// product can overflow, else the 64-bit products of the even and odd lanes.
+inline __m256i BoxMean(__m256i sum, __m256i mv, __m128i shift, bool narrow) {
     if (narrow) return _mm256_srl_epi32(_mm256_mullo_epi32(sum, mv), shift);
-    const __m256i hi = _mm256_mullo_epi32(_mm256_srli_epi32(sum, 12), mv);
-    const __m256i lo = _mm256_mullo_epi32(_mm256_and_si256(sum, _mm256_set1_epi32(0xFFF)), mv);
-    return _mm256_srl_epi32(_mm256_add_epi32(hi, _mm256_srli_epi32(lo, 12)), shiftLess12);
+    const __m256i even = _mm256_srl_epi64(_mm256_mul_epu32(sum, mv), shift);
+    const __m256i odd = _mm256_srl_epi64(_mm256_mul_epu32(_mm256_srli_epi64(sum, 32), mv), shift);
+    return _mm256_blend_epi32(even, _mm256_slli_epi64(odd, 32), 0xAA);
 }
 
 inline __m256d Widen(uint32_t p) {
@@ -245,7 +243,7 @@ struct UstColumnStep {
 // lane's running sums then take the total carried into it. The carry moves
 // by one add, the lane crossing stays off that chain.
 inline __m256i PackedMeans(const uint16_t* enterAt, const uint16_t* leaveAt, __m256i& carry,
-                           __m256i mv, __m128i shift, __m128i shiftLess12, bool narrow) {
+                           __m256i mv, __m128i shift, bool narrow) {
     const __m256i d =
         _mm256_sub_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(enterAt)),
                          _mm256_loadu_si256(reinterpret_cast<const __m256i*>(leaveAt)));
@@ -258,8 +256,7 @@ inline __m256i PackedMeans(const uint16_t* enterAt, const uint16_t* leaveAt, __m
     const __m256i even = _mm256_sub_epi32(odd, second);  // S0, S2
     carry = _mm256_add_epi32(carry, _mm256_permute2x128_si256(ends, ends, 0x11));
     // Words per lane: (S0, S1) and (S2, S3).
-    return _mm256_packs_epi32(BoxMean(even, mv, shift, shiftLess12, narrow),
-                              BoxMean(odd, mv, shift, shiftLess12, narrow));
+    return _mm256_packs_epi32(BoxMean(even, mv, shift, narrow), BoxMean(odd, mv, shift, narrow));
 }
 
 // The box sum slides along the row: S(j) = S(j - 1) + C(j + 2r - 1) - C(j - 1)
@@ -270,7 +267,7 @@ template <bool narrow>
 void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, int s,
                     const UstColumnStep& next) {
     const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
-    const __m128i shift = _mm_cvtsi32_si128(s), shiftLess12 = _mm_cvtsi32_si128(s - 12);
+    const __m128i shift = _mm_cvtsi32_si128(s);
     // S(-1): columns 0 to 2r - 2, two columns a step.
     __m256i pairs = _mm256_setzero_si256();
     int c = 0;
@@ -289,10 +286,10 @@ void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, i
     const __m256i order = _mm256_set_epi32(7, 6, 3, 2, 5, 4, 1, 0);
     int j = 0, done = 0;
     for (; j + 8 <= w; j += 8) {
-        const __m256i a = PackedMeans(cols + 4 * (j + box - 1), cols + 4 * (j - 1), carry, mv,
-                                      shift, shiftLess12, narrow);
-        const __m256i b = PackedMeans(cols + 4 * (j + box + 3), cols + 4 * (j + 3), carry, mv,
-                                      shift, shiftLess12, narrow);
+        const __m256i a =
+            PackedMeans(cols + 4 * (j + box - 1), cols + 4 * (j - 1), carry, mv, shift, narrow);
+        const __m256i b =
+            PackedMeans(cols + 4 * (j + box + 3), cols + 4 * (j + 3), carry, mv, shift, narrow);
         Store(out + j, _mm256_permutevar8x32_epi32(_mm256_packus_epi16(a, b), order));
         if (next.add && j >= 8) {
             const int c = j - 8;
