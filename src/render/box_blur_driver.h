@@ -50,18 +50,6 @@ inline void UpdateTail(uint16_t* sums, const uint32_t* add, const uint32_t* sub,
         }
 }
 
-inline void OutputTail(uint32_t* out, const uint32_t* prefix, int from, int w, int box, uint32_t m,
-                       int s) {
-    for (int j = from; j < w; ++j) {
-        uint32_t px = 0;
-        for (int c = 0; c < 4; ++c) {
-            const uint64_t sum = prefix[4 * (j + box) + c] - prefix[4 * j + c];
-            px |= static_cast<uint32_t>((sum * m) >> s) << (8 * c);
-        }
-        out[j] = px;
-    }
-}
-
 // True when every box sum times the reciprocal stays below 2^32.
 inline bool ProductFits32(int box, uint32_t m) {
     return 255ull * static_cast<uint64_t>(box) * static_cast<uint64_t>(box) * m < (1ull << 32);
