@@ -7,7 +7,7 @@
 
 #include <QString>
 
-#include "objects/attr_records.h"
+#include "render/attr_records.h"
 #include "render/font_records.h"
 
 namespace orv {

@@ -1,4 +1,4 @@
-#include "objects/attr_records.h"
+#include "render/attr_records.h"
 
 #include <cstring>
 

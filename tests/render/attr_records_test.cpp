@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "objects/attr_records.h"
+#include "render/attr_records.h"
 #include "test_util.h"
 
 namespace orv {
