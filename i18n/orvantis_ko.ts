@@ -2,6 +2,41 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR">
 <context>
+    <name>orv::CDlgGradient</name>
+    <message>
+        <source>Gradient</source>
+        <translation>그라데이션</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>선형</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>패스</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation>이전</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>새 색</translation>
+    </message>
+    <message>
+        <source>Gradient type</source>
+        <translation>그라데이션 종류</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>각도</translation>
+    </message>
+    <message>
+        <source>Alpha</source>
+        <translation>투명도</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgOptions</name>
     <message>
         <source>Options</source>
