@@ -11,6 +11,7 @@
 #include <numbers>
 
 #include "render/attr_records.h"
+#include "render/fixed_string.h"
 #include "render/image_file.h"
 
 namespace orv {
@@ -111,13 +112,7 @@ QImage PathGradientImage(const QPainterPath& path, QPointF centre, const QGradie
 
 bool MakeTexture(UstBrushSlot& slot, const UstFill& fill, const UstRect& rect, float xScale,
                  float yScale) {
-    char16_t name[260];
-    std::memcpy(name, fill.szImage, sizeof name);
-    name[259] = 0;
-    size_t n = 0;
-    while (n < 260 && name[n])
-        ++n;
-    UstPixelImage image = LoadImageFile(QString::fromUtf16(name, static_cast<qsizetype>(n)));
+    UstPixelImage image = LoadImageFile(FixedToQString(&fill.szImage));
     if (!image) return false;
     slot.pTexture = std::move(image.bits);
     slot.image = QImage(reinterpret_cast<const uchar*>(slot.pTexture.get()), image.width,

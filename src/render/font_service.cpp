@@ -14,6 +14,7 @@
 #include <mutex>
 #include <unordered_map>
 
+#include "render/fixed_string.h"
 #include "render/pixels.h"
 
 namespace orv {
@@ -30,13 +31,6 @@ FT_Library Library() {
         return FT_Init_FreeType(&lib) == 0 ? lib : nullptr;
     }();
     return library;
-}
-
-QString FaceName(const char16_t (&name)[32]) {
-    size_t n = 0;
-    while (n < 32 && name[n] != 0)
-        ++n;
-    return QString::fromUtf16(name, static_cast<qsizetype>(n));
 }
 
 bool IsHangul(uint8_t charSet) {
@@ -124,7 +118,7 @@ QString ReplacementFace(const QString& family, uint8_t charSet) {
 
 std::unique_ptr<CFontHandle> CFontHandle::Create(const UstLogFont& lf) {
     std::unique_ptr<CFontHandle> font(new CFontHandle);
-    font->m_match = MatchFace(FaceName(lf.lfFaceName), lf.lfCharSet);
+    font->m_match = MatchFace(FixedToQString(&lf.lfFaceName), lf.lfCharSet);
     if (font->m_match.file.empty() || !Library()) return nullptr;
     {
         const std::lock_guard<std::mutex> guard(g_libraryLock);

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "render/fill_brush.h"
+#include "render/fixed_string.h"
 #include "render/image_file.h"
 #include "render/pixels.h"
 
@@ -31,10 +32,7 @@ QImage CRadioFillColor::Swatch(const UstFill& source) {
     image.fill(0);
     UstFill fill = source;
     if (fill.nType == 2) {
-        char16_t name[260];
-        std::memcpy(name, fill.szImage, sizeof name);
-        name[259] = 0;
-        const QString file = QString::fromUtf16(name);
+        const QString file = FixedToQString(&fill.szImage);
         const UstPixelImage texture =
             IsImageExtension(file) ? LoadImageFile(file) : UstPixelImage{};
         if (texture) {
