@@ -181,12 +181,14 @@ inline __m256i WidenBytes(const uint32_t* p) {
 }
 
 // floor(sum * m / 2^s) for eight 32-bit sums: one 32-bit multiply when no
-// product can overflow, else the 64-bit products of the even and odd lanes.
+// product can overflow. Otherwise s >= 16 and the sum splits into hi * 2^16
+// + lo: floor(sum * m / 2^s) = (hi * m + floor(lo * m / 2^16)) >> (s - 16),
+// both products in 16-bit multipliers (hi stays below 2^7, m below 2^13).
 inline __m256i BoxMean(__m256i sum, __m256i mv, __m128i shift, bool narrow) {
     if (narrow) return _mm256_srl_epi32(_mm256_mullo_epi32(sum, mv), shift);
-    const __m256i even = _mm256_srl_epi64(_mm256_mul_epu32(sum, mv), shift);
-    const __m256i odd = _mm256_srl_epi64(_mm256_mul_epu32(_mm256_srli_epi64(sum, 32), mv), shift);
-    return _mm256_blend_epi32(even, _mm256_slli_epi64(odd, 32), 0xAA);
+    const __m256i hiTimesM = _mm256_madd_epi16(sum, _mm256_slli_epi32(mv, 16));
+    const __m256i loTimesM = _mm256_mulhi_epu16(sum, mv);
+    return _mm256_srl_epi32(_mm256_add_epi32(hiTimesM, loTimesM), shift);
 }
 
 inline __m256d Widen(uint32_t p) {
@@ -238,37 +240,72 @@ struct UstColumnStep {
     int span = 0;
 };
 
-// Four boxes' sums from the carried total: the column differences d (16-bit
-// signed) widen within lanes, first = (d0, d2), second = (d1, d3); each
-// lane's running sums then take the total carried into it. The carry moves
-// by one add, the lane crossing stays off that chain.
-inline __m256i PackedMeans(const uint16_t* enterAt, const uint16_t* leaveAt, __m256i& carry,
-                           __m256i mv, __m128i shift, bool narrow) {
-    const __m256i d =
-        _mm256_sub_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(enterAt)),
-                         _mm256_loadu_si256(reinterpret_cast<const __m256i*>(leaveAt)));
-    const __m256i sign = _mm256_srai_epi16(d, 15);
-    const __m256i first = _mm256_unpacklo_epi16(d, sign);
-    const __m256i second = _mm256_unpackhi_epi16(d, sign);
-    __m256i ends = _mm256_add_epi32(first, second);
-    ends = _mm256_add_epi32(ends, _mm256_permute2x128_si256(ends, ends, 0x08));
-    const __m256i odd = _mm256_add_epi32(ends, carry);   // S1, S3
-    const __m256i even = _mm256_sub_epi32(odd, second);  // S0, S2
-    carry = _mm256_add_epi32(carry, _mm256_permute2x128_si256(ends, ends, 0x11));
-    // Words per lane: (S0, S1) and (S2, S3).
-    return _mm256_packs_epi32(BoxMean(even, mv, shift, narrow), BoxMean(odd, mv, shift, narrow));
+// Four boxes' means, 16-bit words with pixels (0, 1) in lane 0 and (2, 3) in
+// lane 1, from the column differences d = C(j + 2r - 1) - C(j - 1), which are
+// 16-bit signed. The carried total moves by one add; the lane crossing stays
+// off that chain.
+template <bool narrow>
+struct UstWideMeans {
+    __m256i mv, carry;
+    __m128i shift;
+    UstWideMeans(uint32_t m, int s, __m128i before)
+        : mv(_mm256_set1_epi32(static_cast<int>(m))),
+          carry(_mm256_broadcastsi128_si256(before)),
+          shift(_mm_cvtsi32_si128(narrow ? s : s - 16)) {}
+
+    // The differences widen within lanes, first = (d0, d2), second = (d1, d3).
+    __m256i Four(__m256i d) {
+        const __m256i sign = _mm256_srai_epi16(d, 15);
+        const __m256i first = _mm256_unpacklo_epi16(d, sign);
+        const __m256i second = _mm256_unpackhi_epi16(d, sign);
+        __m256i ends = _mm256_add_epi32(first, second);
+        ends = _mm256_add_epi32(ends, _mm256_permute2x128_si256(ends, ends, 0x08));
+        const __m256i odd = _mm256_add_epi32(ends, carry);   // S1, S3
+        const __m256i even = _mm256_sub_epi32(odd, second);  // S0, S2
+        carry = _mm256_add_epi32(carry, _mm256_permute2x128_si256(ends, ends, 0x11));
+        return _mm256_packs_epi32(BoxMean(even, mv, shift, narrow),
+                                  BoxMean(odd, mv, shift, narrow));
+    }
+    void Totals(uint32_t run[4]) const {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(run), _mm256_castsi256_si128(carry));
+    }
+};
+
+// While 2r * 2r * 255 fits in 16 bits (r up to 8) the box sums themselves do,
+// and the whole slide runs on words: the prefix over four pixels is two adds,
+// and the mean is floor(S * m' / 2^16) >> (s - 16), m' = m scaled up by
+// 2^(16 - s) when s is below 16 (only radius 1, where S * 8 still fits).
+struct UstSmallMeans {
+    __m256i mv, carry;
+    __m128i shift;
+    UstSmallMeans(uint32_t m, int s, __m128i before)
+        : mv(_mm256_set1_epi16(static_cast<short>(m << std::max(0, 16 - s)))),
+          carry(_mm256_set1_epi64x(_mm_cvtsi128_si64(_mm_packus_epi32(before, before)))),
+          shift(_mm_cvtsi32_si128(std::max(0, s - 16))) {}
+
+    __m256i Four(__m256i d) {
+        // Quadwords are pixels: (d0, d0 + d1 | d2, d2 + d3), then lane 1
+        // takes d0 + d1 on top.
+        const __m256i pairs = _mm256_add_epi16(d, _mm256_slli_si256(d, 8));
+        const __m256i up = _mm256_permute2x128_si256(pairs, pairs, 0x08);
+        const __m256i prefix = _mm256_add_epi16(pairs, _mm256_unpackhi_epi64(up, up));
+        const __m256i sums = _mm256_add_epi16(prefix, carry);
+        carry = _mm256_add_epi16(carry, _mm256_permute4x64_epi64(prefix, 0xFF));
+        return _mm256_srl_epi16(_mm256_mulhi_epu16(sums, mv), shift);
+    }
+    void Totals(uint32_t run[4]) const {
+        alignas(16) uint16_t w[8];
+        _mm_store_si128(reinterpret_cast<__m128i*>(w), _mm256_castsi256_si128(carry));
+        std::copy(w, w + 4, run);
+    }
+};
+
+inline bool SumsFit16(int box) {
+    return 255 * box * box < 65536;
 }
 
-// The box sum slides along the row: S(j) = S(j - 1) + C(j + 2r - 1) - C(j - 1)
-// over the 16-bit column sums C, eight pixels a step.
-// Columns the loop has read for the last time move on to the next row's sums
-// right there, eight behind the read front, so no store is read back soon.
-template <bool narrow>
-void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, int s,
-                    const UstColumnStep& next) {
-    const __m256i mv = _mm256_set1_epi32(static_cast<int>(m));
-    const __m128i shift = _mm_cvtsi32_si128(s);
-    // S(-1): columns 0 to 2r - 2, two columns a step.
+// S(-1): columns 0 to 2r - 2, two columns a step, as four 32-bit totals.
+__m128i TotalBeforeRow(const uint16_t* cols, int box) {
     __m256i pairs = _mm256_setzero_si256();
     int c = 0;
     for (; c + 2 <= box - 1; c += 2)
@@ -281,16 +318,28 @@ void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, i
         before = _mm_add_epi32(
             before,
             _mm_cvtepu16_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(cols + 4 * c))));
-    __m256i carry = _mm256_broadcastsi128_si256(before);
-    // After the byte packing, lane 0 holds pixels 0, 1, 4, 5 and lane 1 2, 3, 6, 7.
-    const __m256i order = _mm256_set_epi32(7, 6, 3, 2, 5, 4, 1, 0);
+    return before;
+}
+
+inline __m256i ColumnDiff(const uint16_t* enterAt, const uint16_t* leaveAt) {
+    return _mm256_sub_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(enterAt)),
+                            _mm256_loadu_si256(reinterpret_cast<const __m256i*>(leaveAt)));
+}
+
+// The box sum slides along the row: S(j) = S(j - 1) + C(j + 2r - 1) - C(j - 1)
+// over the 16-bit column sums C, eight pixels a step.
+// Columns the loop has read for the last time move on to the next row's sums
+// right there, eight behind the read front, so no store is read back soon.
+template <class Means>
+void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, int s,
+                    const UstColumnStep& next) {
+    Means means(m, s, TotalBeforeRow(cols, box));
     int j = 0, done = 0;
     for (; j + 8 <= w; j += 8) {
-        const __m256i a =
-            PackedMeans(cols + 4 * (j + box - 1), cols + 4 * (j - 1), carry, mv, shift, narrow);
-        const __m256i b =
-            PackedMeans(cols + 4 * (j + box + 3), cols + 4 * (j + 3), carry, mv, shift, narrow);
-        Store(out + j, _mm256_permutevar8x32_epi32(_mm256_packus_epi16(a, b), order));
+        const __m256i a = means.Four(ColumnDiff(cols + 4 * (j + box - 1), cols + 4 * (j - 1)));
+        const __m256i b = means.Four(ColumnDiff(cols + 4 * (j + box + 3), cols + 4 * (j + 3)));
+        // Quadwords after the byte packing: pixels (0, 1), (4, 5), (2, 3), (6, 7).
+        Store(out + j, _mm256_permute4x64_epi64(_mm256_packus_epi16(a, b), 0xD8));
         if (next.add && j >= 8) {
             const int c = j - 8;
             for (int q = c; q < c + 8; q += 4)
@@ -300,7 +349,7 @@ void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, i
         }
     }
     uint32_t run[4];
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(run), _mm256_castsi256_si128(carry));
+    means.Totals(run);
     for (; j < w; ++j) {
         uint32_t px = 0;
         for (int ch = 0; ch < 4; ++ch) {
@@ -327,7 +376,9 @@ void BoxBlur(const UstBlurArea& a) {
     ring.resize(std::max(ring.size(), static_cast<size_t>(ringRows) * span));
     uint16_t* cols = sums.data() + 4;
     auto saved = [&](int y) { return ring.data() + static_cast<size_t>(y % ringRows) * span; };
-    const bool narrow = ProductFits32(box, a.m);
+    auto slide = SumsFit16(box)            ? SlideAndOutput<UstSmallMeans>
+                 : ProductFits32(box, a.m) ? SlideAndOutput<UstWideMeans<true>>
+                                           : SlideAndOutput<UstWideMeans<false>>;
     for (int y = a.top - r; y < a.top + r; ++y)
         UpdateKeeping(cols, row(y), nullptr, y >= a.top ? saved(y) : nullptr, span);
     for (int y = a.top; y < a.bottom; ++y) {
@@ -337,10 +388,7 @@ void BoxBlur(const UstBlurArea& a) {
             next = {row(y + r), gone >= a.top ? saved(gone) : row(gone),
                     y + r < a.bottom ? saved(y + r) : nullptr, span};
         }
-        if (narrow)
-            SlideAndOutput<true>(row(y) + r, cols, w, box, a.m, a.s, next);
-        else
-            SlideAndOutput<false>(row(y) + r, cols, w, box, a.m, a.s, next);
+        slide(row(y) + r, cols, w, box, a.m, a.s, next);
     }
 }
 

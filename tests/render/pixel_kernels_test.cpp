@@ -79,13 +79,21 @@ TEST_P(KernelsMatchScalar, BlendAndKey) {
 }
 
 TEST_P(KernelsMatchScalar, BoxBlurAtRandomRadii) {
-    for (int round = 0; round < 46; ++round) {
-        // Radii above 32 take the wide multiply: a few large boxes on small regions.
-        const int radius = round < 40 ? Between(1, 7) : Between(33, 60);
-        const int extra = radius > 7 ? 9 : 37;
+    for (int round = 0; round < 60; ++round) {
+        // Three arithmetic ranges: sums in 16 bits (radius up to 8), 32-bit
+        // products, wider products (above 32). Bright blocks push every sum
+        // to the top of its range.
+        const int band = round % 3;
+        const int radius = band == 0   ? Between(1, 9)
+                           : band == 1 ? Between(10, 32)
+                                       : Between(33, 60);
+        const int extra = radius > 9 ? 9 : 37;
         const int w = Between(4 * radius + 1, 4 * radius + extra) | 1;
-        const int h = Between(4 * radius + 1, 4 * radius + (radius > 7 ? 5 : 23)) | 1;
-        const std::vector<uint32_t> block = Random(static_cast<size_t>(w) * h);
+        const int h = Between(4 * radius + 1, 4 * radius + (radius > 9 ? 5 : 23)) | 1;
+        std::vector<uint32_t> block = Random(static_cast<size_t>(w) * h);
+        if (round % 4 == 3)
+            for (uint32_t& px : block)
+                px |= round % 8 == 7 ? 0xFFFFFFFFu : 0xF0F0F0F0u;
         const UstReciprocal rec = BoxReciprocal(static_cast<uint32_t>(4 * radius * radius));
         const int l = 2 * radius + Between(0, 2), t = 2 * radius + Between(0, 2);
         UstBlurArea area{nullptr, w, l, t, w - 2 * radius, h - 2 * radius, radius, rec.m, rec.s};
@@ -96,6 +104,9 @@ TEST_P(KernelsMatchScalar, BoxBlurAtRandomRadii) {
         area.bits = ref.data();
         Ref().boxBlur(area);
         EXPECT_EQ(fast, ref) << "blur " << w << "x" << h << " radius " << radius;
+        if (round % 8 == 7) {  // a box of 255s has the mean 255 whatever its size
+            EXPECT_EQ(fast[static_cast<size_t>(area.top) * w + area.left], 0xFFFFFFFFu);
+        }
     }
 }
 
