@@ -210,33 +210,25 @@ struct Avx2ScaleOps {
     }
 };
 
-// The column update that also keeps the entering row, before it is ever
-// overwritten, in the ring the subtraction later reads from.
-inline void UpdateFour(uint16_t* sums, const uint32_t* add, const uint32_t* sub, uint32_t* keep) {
+inline void UpdateFour(uint16_t* sums, const uint32_t* add, const uint32_t* sub) {
     auto* at = reinterpret_cast<__m256i*>(sums);
-    const __m128i in = _mm_loadu_si128(reinterpret_cast<const __m128i*>(add));
-    if (keep) _mm_storeu_si128(reinterpret_cast<__m128i*>(keep), in);
-    __m256i v = _mm256_add_epi16(_mm256_loadu_si256(at), _mm256_cvtepu8_epi16(in));
+    __m256i v = _mm256_add_epi16(_mm256_loadu_si256(at), WidenBytes(add));
     if (sub) v = _mm256_sub_epi16(v, WidenBytes(sub));
     _mm256_storeu_si256(at, v);
 }
 
-void UpdateKeeping(uint16_t* sums, const uint32_t* add, const uint32_t* sub, uint32_t* keep,
-                   int n) {
+void Update(uint16_t* sums, const uint32_t* add, const uint32_t* sub, int n) {
     int i = 0;
     for (; i + 4 <= n; i += 4)
-        UpdateFour(sums + 4 * i, add + i, sub ? sub + i : nullptr, keep ? keep + i : nullptr);
-    if (keep) std::copy(add + i, add + n, keep + i);
+        UpdateFour(sums + 4 * i, add + i, sub ? sub + i : nullptr);
     UpdateTail(sums, add, sub, i, n);
 }
 
-// Where the column sums go next: the row entering the window, the row
-// leaving it, and the ring slot that keeps the entering row. No add on the
-// last row.
+// Where the column sums go next: the row entering the window and the row
+// leaving it. No add on the last row.
 struct UstColumnStep {
     const uint32_t* add = nullptr;
     const uint32_t* sub = nullptr;
-    uint32_t* keep = nullptr;
     int span = 0;
 };
 
@@ -330,24 +322,27 @@ inline __m256i ColumnDiff(const uint16_t* enterAt, const uint16_t* leaveAt) {
 // over the 16-bit column sums C, eight pixels a step.
 // Columns the loop has read for the last time move on to the next row's sums
 // right there, eight behind the read front, so no store is read back soon.
+// Each output row keeps its pixels as they stood in `keep` just before it
+// overwrites them, for the subtraction 2r rows on.
 template <class Means>
-void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, int s,
-                    const UstColumnStep& next) {
+void SlideAndOutput(uint32_t* out, uint32_t* keep, uint16_t* cols, int w, int box, uint32_t m,
+                    int s, const UstColumnStep& next) {
     Means means(m, s, TotalBeforeRow(cols, box));
     int j = 0, done = 0;
     for (; j + 8 <= w; j += 8) {
         const __m256i a = means.Four(ColumnDiff(cols + 4 * (j + box - 1), cols + 4 * (j - 1)));
         const __m256i b = means.Four(ColumnDiff(cols + 4 * (j + box + 3), cols + 4 * (j + 3)));
+        Store(keep + j, Load(out + j));
         // Quadwords after the byte packing: pixels (0, 1), (4, 5), (2, 3), (6, 7).
         Store(out + j, _mm256_permute4x64_epi64(_mm256_packus_epi16(a, b), 0xD8));
         if (next.add && j >= 8) {
             const int c = j - 8;
-            for (int q = c; q < c + 8; q += 4)
-                UpdateFour(cols + 4 * q, next.add + q, next.sub + q,
-                           next.keep ? next.keep + q : nullptr);
+            UpdateFour(cols + 4 * c, next.add + c, next.sub + c);
+            UpdateFour(cols + 4 * c + 16, next.add + c + 4, next.sub + c + 4);
             done = j;
         }
     }
+    std::copy(out + j, out + w, keep + j);
     uint32_t run[4];
     means.Totals(run);
     for (; j < w; ++j) {
@@ -358,13 +353,11 @@ void SlideAndOutput(uint32_t* out, uint16_t* cols, int w, int box, uint32_t m, i
         }
         out[j] = px;
     }
-    if (next.add)
-        UpdateKeeping(cols + 4 * done, next.add + done, next.sub + done,
-                      next.keep ? next.keep + done : nullptr, next.span - done);
+    if (next.add) Update(cols + 4 * done, next.add + done, next.sub + done, next.span - done);
 }
 
 void BoxBlur(const UstBlurArea& a) {
-    const int r = a.radius, box = 2 * r, ringRows = 2 * r + 1;
+    const int r = a.radius, box = 2 * r, ringRows = r + 1;
     const int spanLeft = a.left - r, span = a.right - a.left + box, w = a.right - a.left;
     const size_t stride = static_cast<size_t>(a.blockWidth);
     auto row = [&](int y) { return a.bits + static_cast<size_t>(y) * stride + spanLeft; };
@@ -380,15 +373,18 @@ void BoxBlur(const UstBlurArea& a) {
                  : ProductFits32(box, a.m) ? SlideAndOutput<UstWideMeans<true>>
                                            : SlideAndOutput<UstWideMeans<false>>;
     for (int y = a.top - r; y < a.top + r; ++y)
-        UpdateKeeping(cols, row(y), nullptr, y >= a.top ? saved(y) : nullptr, span);
+        Update(cols, row(y), nullptr, span);
     for (int y = a.top; y < a.bottom; ++y) {
         UstColumnStep next;
         if (y + 1 < a.bottom) {
             const int gone = y - r;
-            next = {row(y + r), gone >= a.top ? saved(gone) : row(gone),
-                    y + r < a.bottom ? saved(y + r) : nullptr, span};
+            next = {row(y + r), gone >= a.top ? saved(gone) : row(gone), span};
         }
-        slide(row(y) + r, cols, w, box, a.m, a.s, next);
+        // The r pixels either side of the region never change: keep them too.
+        uint32_t* keep = saved(y);
+        std::copy(row(y), row(y) + r, keep);
+        std::copy(row(y) + r + w, row(y) + span, keep + r + w);
+        slide(row(y) + r, keep + r, cols, w, box, a.m, a.s, next);
     }
 }
 
