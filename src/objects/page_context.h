@@ -18,6 +18,9 @@ public:
     virtual int GetCanvasHeight() const = 0;
     virtual uint32_t* GetCanvasBits() = 0;   // premultiplied; null without a view
     virtual void ObjectRemovedItself() = 0;  // an object that cannot stay
+    // Scrolls a long page so that the rectangle (page pixels at the zoom)
+    // can be seen.
+    virtual void ScrollToShow(const UstRect&) {}
 };
 
 }  // namespace orv

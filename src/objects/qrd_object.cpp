@@ -18,18 +18,6 @@ UstRect SquareAround(UstPoint c) {
     return {c.x - h, c.y - h, c.x + h, c.y + h};
 }
 
-UstRect Offset(UstRect r, int dx, int dy) {
-    return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
-}
-
-bool Contains(const UstRect& r, int x, int y) {
-    return x >= r.left && x < r.right && y >= r.top && y < r.bottom;
-}
-
-bool Meets(const UstRect& a, const UstRect& b) {
-    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
-}
-
 bool IsTurned(const CQRDObject& o) {
     return o.CanRotate() && o.m_nAngle % 360 > 0;
 }

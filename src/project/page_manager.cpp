@@ -140,8 +140,26 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
         }
         case CMD_PAGE_TYPE:
             return SetPageType(arg);
+        case CMD_FONT_FACE:
+        case CMD_FONT_SIZE:
+        case CMD_TEXT_WIDTH:
+        case CMD_TEXT_SPACING:
+        case CMD_TEXT_LEADING:
+        case CMD_TEXT_SHEAR:
+        case CMD_TEXT_STYLE:
+            return TextCommand(arg, id);
+        case CMD_BODY_PAINT:
+        case CMD_EDGE_PAINT:
+        case CMD_OUTLINE_PAINT:
+        case CMD_SHADOW_PAINT:
+            return LookCommand(arg, id);
+        case CMD_SYMBOL:
+            return SymbolCommand(arg);
+        case CMD_SPLIT_LINES:
+        case CMD_SPLIT_CHARS:
+            return SplitText(id == CMD_SPLIT_CHARS);
         default:
-            return 0;
+            return IsEffectCommand(id) ? LookCommand(arg, id) : 0;
     }
 }
 

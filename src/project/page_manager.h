@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "objects/qrd_object.h"
+#include "objects/text_object.h"
 #include "project/page_host.h"
 #include "project/page_records.h"
 
@@ -31,7 +32,9 @@ enum EPageCommand : uint32_t {
     CMD_TO_FRONT = 1500,
     CMD_TO_BACK = 1501,
     CMD_FORWARD = 1502,
-    CMD_BACKWARD = 1503
+    CMD_BACKWARD = 1503,
+    CMD_SPLIT_LINES = 40022,
+    CMD_SPLIT_CHARS = 40023
 };
 
 enum EHitResult : int {
@@ -77,6 +80,7 @@ public:
     int GetCanvasHeight() const override { return m_nHeight; }
     uint32_t* GetCanvasBits() override { return m_pCanvas; }
     void ObjectRemovedItself() override { SetModified(true); }
+    void ScrollToShow(const UstRect& r) override;
 
     void Attach(CPageDoc* doc, CPageView* view);
     int ExecCommand(const void* arg, uint32_t id, CQRDObject* target = nullptr);
@@ -98,6 +102,14 @@ public:
     void SetModified(bool modified);
     void PushUndo(int kind);
     void DeleteSelection();
+
+    // Text editing on this page. The edited text if it stands here.
+    CQRDObjectText* EditedText() const;
+    // Ends the edit: a text left blank goes, anything else is one undo step.
+    void EndTextEdit();
+    // Typing: the other objects from their kept layers, the text on top,
+    // and only the union of before and now shown again.
+    void RedrawEditing(const UstRect& windowBefore);
 
     CQRDObject* HitTestObject(int x, int y) const;
     int HitTestHandles(int x, int y, CQRDObject** outObject);
@@ -173,6 +185,11 @@ private:
     bool MoveObjectTo(CQRDObject* object, const UstRect& rect);
     int ZOrder(uint32_t id);
     int SetPageType(const void* arg);
+    int TextCommand(const void* arg, uint32_t id);
+    int LookCommand(const void* arg, uint32_t id);
+    int SymbolCommand(const void* arg);
+    int SplitText(bool intoChars);
+    void RedrawAll(const UstRect& before);
     std::vector<CQRDObject*> SelectedInListOrder() const;
     std::vector<std::unique_ptr<CQRDObject>>::iterator Find(const CQRDObject* object);
     std::unique_ptr<CQRDObject> Remove(CQRDObject* object);

@@ -65,7 +65,9 @@ void CPageManager::DrawToImage(uint32_t* bits, int w, int h) {
 }
 
 void CPageManager::RebuildPageText(bool measure) {
-    (void)measure;  // re-measuring belongs to text objects
+    if (measure)
+        for (auto& o : m_objects)
+            if (o->GetType() == OBJ_TEXT) static_cast<CQRDObjectText*>(o.get())->MeasureAll();
     m_strPageText.clear();
     bool first = true;
     for (const auto& o : m_objects) {
@@ -157,8 +159,7 @@ void CPageManager::SetScroll(int pos) {
     const int unit = static_cast<int>(length * 0.5);
     m_fScrollFrac = static_cast<float>(pos % unit) / (static_cast<float>(length) * 0.5f);
     origin = pos;
-    for (auto& o : m_objects)
-        o->EndEdit();
+    EndTextEdit();
     RenderCanvas();
     DrawHandles();
     if (m_pView) m_pView->Repaint();

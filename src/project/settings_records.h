@@ -10,6 +10,7 @@
 #include "render/attr_records.h"
 #include "render/fixed_string.h"
 #include "render/font_records.h"
+#include "render/text_records.h"
 
 namespace orv {
 
@@ -39,14 +40,6 @@ struct UstEnv {
     uint8_t reserved[16];
 };
 static_assert(sizeof(UstEnv) == 590);
-
-struct UstDefaultAttr {
-    UstAttr attr;
-    UstEffect effect;
-    UstFontBlock font;
-    UstTextMetric metric;
-};
-static_assert(sizeof(UstDefaultAttr) == 4162);
 
 #pragma pack(pop)
 

@@ -10,6 +10,7 @@
 #include <QSet>
 
 #include <cmath>
+#include <list>
 #include <map>
 #include <mutex>
 #include <unordered_map>
@@ -111,6 +112,59 @@ QStringList InstalledFontFamilies() {
     return families;
 }
 
+namespace {
+
+QString SortedCoveringFamily(const QString& family, char32_t ch) {
+    QString found;
+    if (!FcInit()) return found;
+    FcPattern* pattern = FcPatternCreate();
+    const QByteArray name = family.toUtf8();
+    FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(name.constData()));
+    FcPatternAddBool(pattern, FC_SCALABLE, FcTrue);
+    FcCharSet* wanted = FcCharSetCreate();
+    FcCharSetAddChar(wanted, ch);
+    FcPatternAddCharSet(pattern, FC_CHARSET, wanted);
+    FcCharSetDestroy(wanted);
+    FcConfigSubstitute(nullptr, pattern, FcMatchPattern);
+    FcDefaultSubstitute(pattern);
+    FcResult result = FcResultNoMatch;
+    if (FcFontSet* set = FcFontSort(nullptr, pattern, FcFalse, nullptr, &result)) {
+        for (int i = 0; i < set->nfont && found.isEmpty(); ++i) {
+            FcCharSet* has = nullptr;
+            FcBool scalable = FcFalse;
+            FcPatternGetBool(set->fonts[i], FC_SCALABLE, 0, &scalable);
+            if (scalable &&
+                FcPatternGetCharSet(set->fonts[i], FC_CHARSET, 0, &has) == FcResultMatch &&
+                FcCharSetHasChar(has, ch))
+                found = PatternFamily(set->fonts[i], 0);
+        }
+        FcFontSetDestroy(set);
+    }
+    FcPatternDestroy(pattern);
+    return found;
+}
+
+}  // namespace
+
+QString CoveringFamily(const QString& family, char32_t ch) {
+    static std::mutex lock;
+    static std::map<std::pair<QString, char32_t>, QString> cache;
+    UstLogFont lf{};
+    lf.lfHeight = -32;
+    QStringToFixed(family, &lf.lfFaceName);
+    if (const auto font = CFontHandle::Shared(lf); font && font->HasChar(ch)) return family;
+    // Neighbouring characters are nearly always covered by the same family.
+    const auto key = std::make_pair(family, ch >> 7);
+    const std::lock_guard<std::mutex> guard(lock);
+    auto it = cache.find(key);
+    if (it == cache.end()) it = cache.emplace(key, SortedCoveringFamily(family, ch)).first;
+    return it->second;
+}
+
+bool CFontHandle::HasChar(char32_t code) const {
+    return m_face && FT_Get_Char_Index(m_face, code) != 0;
+}
+
 QString ReplacementFace(const QString& family, uint8_t charSet) {
     const UstFaceMatch m = MatchFace(family, charSet);
     return m.bFallback && !m.family.isEmpty() ? m.family : family;
@@ -157,8 +211,33 @@ std::unique_ptr<CFontHandle> CFontHandle::Create(const UstLogFont& lf) {
     if (FT_Set_Char_Size(face, std::max<FT_F26Dot6>(width, 1), ppem * 64, 72, 72)) return nullptr;
     font->ReadMetrics();
     font->m_metrics.tmAveCharWidth = lf.lfWidth > 0 ? lf.lfWidth : average;
-    font->ReadKerning();
     return font;
+}
+
+std::shared_ptr<const CFontHandle> CFontHandle::Shared(const UstLogFont& lf) {
+    // Faces hold per-call state (transform, loaded glyph): never share one
+    // between threads.
+    constexpr size_t CAPACITY = 48;
+    thread_local std::list<std::pair<std::string, std::shared_ptr<const CFontHandle>>> recent;
+    std::string key(reinterpret_cast<const char*>(&lf), sizeof lf);
+    for (auto it = recent.begin(); it != recent.end(); ++it)
+        if (it->first == key) {
+            recent.splice(recent.begin(), recent, it);
+            return it->second;
+        }
+    std::shared_ptr<const CFontHandle> font = Create(lf);
+    if (!font) return nullptr;
+    recent.emplace_front(std::move(key), font);
+    if (recent.size() > CAPACITY) recent.pop_back();
+    return font;
+}
+
+const std::vector<UstKerningPair>& CFontHandle::KerningPairs() const {
+    if (!m_bKerningRead) {
+        m_bKerningRead = true;
+        ReadKerning();
+    }
+    return m_kerning;
 }
 
 CFontHandle::~CFontHandle() {
@@ -217,7 +296,7 @@ uint16_t Be16(const std::vector<uint8_t>& t, size_t at) {
 }  // namespace
 
 // The classic kerning table's horizontal pairs, by character.
-void CFontHandle::ReadKerning() {
+void CFontHandle::ReadKerning() const {
     FT_ULong length = 0;
     if (FT_Load_Sfnt_Table(m_face, TTAG_kern, 0, nullptr, &length) || length < 4) return;
     std::vector<uint8_t> table(length);

@@ -35,6 +35,11 @@ QStringList InstalledFontFamilies();
 // character sets (129, 130) prefer faces that cover Korean.
 UstFaceMatch MatchFace(const QString& family, uint8_t charSet = 1);
 
+// The family to draw a character in: the family itself when its face has the
+// character, else the installed family fontconfig ranks first among those
+// that have it (empty when none has).
+QString CoveringFamily(const QString& family, char32_t ch);
+
 // A face that is not installed gives way to the closest installed one.
 QString ReplacementFace(const QString& family, uint8_t charSet);
 
@@ -43,13 +48,18 @@ QString ReplacementFace(const QString& family, uint8_t charSet);
 class CFontHandle {
 public:
     static std::unique_ptr<CFontHandle> Create(const UstLogFont& lf);
+    // The same font from a small per-thread cache of recent ones: measuring
+    // makes the same few fonts again and again. Null when none can be made.
+    static std::shared_ptr<const CFontHandle> Shared(const UstLogFont& lf);
     ~CFontHandle();
     CFontHandle(const CFontHandle&) = delete;
     CFontHandle& operator=(const CFontHandle&) = delete;
 
     const UstTextMetrics& TextMetrics() const { return m_metrics; }
     const UstFaceMatch& Face() const { return m_match; }
-    const std::vector<UstKerningPair>& KerningPairs() const { return m_kerning; }
+    bool HasChar(char32_t code) const;
+    // Read on first use: few callers want them and large faces take long.
+    const std::vector<UstKerningPair>& KerningPairs() const;
 
     // Metrics and outline of a character under the matrix, unhinted. False
     // when the engine cannot give one; an empty outline is a blank glyph.
@@ -59,12 +69,13 @@ public:
 private:
     CFontHandle() = default;
     void ReadMetrics();
-    void ReadKerning();
+    void ReadKerning() const;
 
     FT_Face m_face = nullptr;
     UstFaceMatch m_match;
     UstTextMetrics m_metrics;
-    std::vector<UstKerningPair> m_kerning;
+    mutable std::vector<UstKerningPair> m_kerning;
+    mutable bool m_bKerningRead = false;
     double m_xScale = 1.0;  // width scaling asked for by a non-zero lfWidth
 };
 

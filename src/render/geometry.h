@@ -25,4 +25,17 @@ struct UstPoint {
     bool operator==(const UstPoint&) const = default;
 };
 
+inline UstRect Offset(const UstRect& r, int dx, int dy) {
+    return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
+}
+
+inline bool Contains(const UstRect& r, int x, int y) {
+    return x >= r.left && x < r.right && y >= r.top && y < r.bottom;
+}
+
+// Whether the two rectangles share any pixel.
+inline bool Meets(const UstRect& a, const UstRect& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
 }  // namespace orv

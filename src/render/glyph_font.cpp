@@ -41,11 +41,13 @@ int AddGlyphOutline(const CFontHandle& font, char32_t code, float x, float y, co
 }
 
 bool GlyphFont::SetFont(const UstLogFont& lf) {
-    m_kerning.clear();
-    m_font = CFontHandle::Create(lf);
-    if (!m_font) return false;
-    m_kerning = m_font->KerningPairs();
-    return true;
+    m_font = CFontHandle::Shared(lf);
+    return m_font != nullptr;
+}
+
+const std::vector<UstKerningPair>& GlyphFont::KerningPairs() const {
+    static const std::vector<UstKerningPair> none;
+    return m_font ? m_font->KerningPairs() : none;
 }
 
 int GlyphFont::AddGlyph(QPainterPath& path, char32_t code, float x, float y, int slant) {
@@ -70,10 +72,10 @@ UstLogFont BaseLogFont(const UstFontBlock& font, float yScale) {
     return lf;
 }
 
-bool MakeGlyphFont(const UstGlyphRequest& request, float xScale, float yScale, int* boxWidth,
-                   int* boxHeight, UstLogFont* out) {
+bool MeasureGlyph(const UstGlyphRequest& request, float xScale, float yScale, UstGlyphMetrics& gm,
+                  UstLogFont* out) {
     UstLogFont lf = BaseLogFont(request.font, yScale);
-    const auto base = CFontHandle::Create(lf);
+    const auto base = CFontHandle::Shared(lf);
     if (!base) return false;
     lf.lfWidth = RoundToInt(
         static_cast<float>(request.nWidthPercent / 100.0 * base->TextMetrics().tmAveCharWidth));
@@ -81,10 +83,14 @@ bool MakeGlyphFont(const UstGlyphRequest& request, float xScale, float yScale, i
     // sum form is what the look of scaled titles was made with.
     if (xScale != yScale) lf.lfWidth = static_cast<int32_t>((xScale + 1.0 - yScale) * lf.lfWidth);
     if (out) *out = lf;
-    const auto font = CFontHandle::Create(lf);
-    if (!font) return false;
+    const auto font = CFontHandle::Shared(lf);
+    return font && font->GlyphOutline(request.code, SlantMatrix(request.nSlant), gm, nullptr);
+}
+
+bool MakeGlyphFont(const UstGlyphRequest& request, float xScale, float yScale, int* boxWidth,
+                   int* boxHeight, UstLogFont* out) {
     UstGlyphMetrics gm;
-    if (!font->GlyphOutline(request.code, SlantMatrix(request.nSlant), gm, nullptr)) return false;
+    if (!MeasureGlyph(request, xScale, yScale, gm, out)) return false;
     if (boxWidth) *boxWidth = static_cast<int>(gm.gmBlackBoxX);
     if (boxHeight) *boxHeight = static_cast<int>(gm.gmBlackBoxY);
     return true;

@@ -35,11 +35,10 @@ public:
     // Winding fill, the identity matrix; always 1.
     int AddGlyph(QPainterPath& path, char32_t code, float x, float y, int slant);
     const CFontHandle* Font() const { return m_font.get(); }
-    const std::vector<UstKerningPair>& KerningPairs() const { return m_kerning; }
+    const std::vector<UstKerningPair>& KerningPairs() const;
 
 private:
-    std::unique_ptr<CFontHandle> m_font;
-    std::vector<UstKerningPair> m_kerning;
+    std::shared_ptr<const CFontHandle> m_font;
 };
 
 // The logical font of a character at the given scales, and the black box of
@@ -52,6 +51,9 @@ struct UstGlyphRequest {
 };
 bool MakeGlyphFont(const UstGlyphRequest& request, float xScale, float yScale, int* boxWidth,
                    int* boxHeight, UstLogFont* out);
+// The same, with all of the character's glyph metrics.
+bool MeasureGlyph(const UstGlyphRequest& request, float xScale, float yScale, UstGlyphMetrics& gm,
+                  UstLogFont* out);
 
 // The logical font before any width is applied: pixel height from points
 // times the y scale, the character's set, family and face.

@@ -31,9 +31,6 @@ int Soft(int v, float s) {
 UstRect Deflate(const UstRect& r, int d) {
     return {r.left + d, r.top + d, r.right - d, r.bottom - d};
 }
-UstRect Offset(const UstRect& r, int dx, int dy) {
-    return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
-}
 
 // The records do not hold their sizes to the controls' ranges; these are
 // the ranges, so that a damaged record cannot ask for an absurd canvas.

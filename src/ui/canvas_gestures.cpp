@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include "objects/text_object.h"
 #include "project/project_manager.h"
 #include "ui/main_frame.h"
 #include "ui/zevrant_doc.h"
@@ -15,7 +16,6 @@ namespace orv {
 
 namespace {
 
-constexpr int MODE_SELECT = 0, MODE_ROTATE = 1, MODE_TEXT = 2, MODE_SHAPE = 3;
 
 UstRect Moved(const UstRect& r, QPoint d) {
     return {r.left + d.x(), r.top + d.y(), r.right + d.x(), r.bottom + d.y()};
@@ -66,6 +66,11 @@ void CZevrantView::mousePressEvent(QMouseEvent* event) {
     if (!page || !m_pFrame || m_pFrame->m_nPlayState != 0 || !m_rcPage.contains(window)) return;
     setFocus();
     const QPoint canvas = ToCanvas(window);
+    if (EditingMousePress(event, canvas)) return;
+    if (event->button() == Qt::LeftButton && m_pFrame->m_nCanvasMode == MODE_TEXT) {
+        StartNewText(canvas);
+        return;
+    }
     if (event->button() == Qt::RightButton) {
         RightButton(canvas);
         return;
@@ -119,6 +124,10 @@ void CZevrantView::BeginDrag(const QPoint& canvas) {
 
 void CZevrantView::mouseMoveEvent(QMouseEvent* event) {
     const QPoint window = event->position().toPoint();
+    if (CQRDObjectText* text = EditedText(); text && event->buttons().testFlag(Qt::LeftButton)) {
+        text->MouseMove(ToCanvas(window).x(), ToCanvas(window).y());
+        return;
+    }
     if (m_drag.kind != EDrag::NONE && event->buttons().testFlag(Qt::LeftButton)) {
         DragTo(ToCanvas(window));
         return;
@@ -161,6 +170,10 @@ void CZevrantView::DragTo(const QPoint& canvas) {
 }
 
 void CZevrantView::mouseReleaseEvent(QMouseEvent* event) {
+    if (CQRDObjectText* text = EditedText(); text && m_drag.kind == EDrag::NONE) {
+        if (event->button() == Qt::LeftButton) text->MouseUp();
+        return;
+    }
     if (event->button() != Qt::LeftButton || m_drag.kind == EDrag::NONE) return;
     DragTo(ToCanvas(event->position().toPoint()));
     EndDrag();
@@ -179,6 +192,10 @@ void CZevrantView::EndDrag() {
         SelectInBand();
         m_drag = UstDrag{};
     } else if (drag.moved) {
+        // A text is not clipped by its new rectangle: it is fitted to it.
+        if (drag.kind == EDrag::SIZE && drag.object->GetType() == OBJ_TEXT)
+            static_cast<CQRDObjectText*>(drag.object)->FitToRect(drag.rects[0],
+                                                                 drag.object->m_rcView);
         page->FinishGesture(drag.before);
     }
     page->RenderCanvas();
@@ -236,11 +253,17 @@ void CZevrantView::UpdateCursor(const QPoint& window) {
 
 void CZevrantView::keyPressEvent(QKeyEvent* event) {
     CPageManager* page = Page();
+    if (page && m_pFrame && m_pFrame->m_nPlayState == 0 && EditingKey(event)) return;
     if (!page || !m_pFrame || m_pFrame->m_nPlayState != 0 || page->SelectedIsEditing()) {
         QWidget::keyPressEvent(event);
         return;
     }
     if (NavigationKey(event->key())) return;
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && page->OneSelectedOfKind(OBJ_TEXT)) {
+        EditText(static_cast<CQRDObjectText*>(page->Selection().front()), {}, true);
+        return;
+    }
     const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
     UstPoint d;
     uint32_t id = 0;

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QStyle>
 
+#include "objects/text_object.h"
 #include "project/canvas_overlays.h"
 #include "project/project_manager.h"
 #include "shell/app_object.h"
@@ -38,9 +39,12 @@ CZevrantView::CZevrantView(CMainFrame* frame, CZevrantDoc* doc, QWidget* parent)
         connect(bar, &QScrollBar::valueChanged, this,
                 [this, bar](int v) { OnScroll(bar == m_wndVScroll, v); });
     }
+    CQRDObjectText::SetEditHost(this);
 }
 
-CZevrantView::~CZevrantView() = default;
+CZevrantView::~CZevrantView() {
+    if (CQRDObjectText::EditHost() == this) CQRDObjectText::SetEditHost(nullptr);
+}
 
 CPageManager* CZevrantView::Page() const {
     return m_pDoc && m_bAttached ? m_pDoc->Project().GetCurPage() : nullptr;
@@ -52,6 +56,7 @@ void CZevrantView::RefreshCanvas() {
 }
 
 void CZevrantView::GoToPage(int index) {
+    EndTextEdit();
     if (!m_pDoc || !m_pDoc->Project().GoToPage(index)) return;
     ShowPageStatus();
     update();
@@ -174,6 +179,11 @@ void CZevrantView::paintEvent(QPaintEvent* event) {
     p.drawImage(m_rcPage.topLeft(), image);
     p.setPen(QColor(40, 44, 56));
     p.drawRect(m_rcPage.adjusted(-1, -1, 0, 0));
+    if (!m_rcCaret.isEmpty()) {
+        p.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+        p.fillRect(m_rcCaret.translated(m_rcPage.topLeft()), Qt::white);
+        p.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
     if (m_drag.kind == EDrag::BAND) {
         p.setPen(QPen(Qt::black, 1, Qt::DashLine));
         p.setBrush(Qt::NoBrush);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "objects/text_host.h"
 #include "project/page_host.h"
 #include "shell/key_routing.h"
 
@@ -20,7 +21,7 @@ class CZevrantDoc;
 
 // The edit canvas: the current page's image at the zoom that fits the
 // window, centred on the surround colour, and the select-and-move gestures.
-class CZevrantView : public QWidget, public CPageView {
+class CZevrantView : public QWidget, public CPageView, public CTextEditHost {
     Q_OBJECT
 public:
     CZevrantView(CMainFrame* frame, CZevrantDoc* doc, QWidget* parent = nullptr);
@@ -56,6 +57,23 @@ public:
     void InvalidateRect(const UstRect& windowRect) override;
     void Repaint() override;
 
+    // CTextEditHost
+    const UstDefaultAttr& DefaultAttr() const override;
+    UstDefaultAttr& WorkingAttr() override;
+    void AttrChanged() override;
+    void SetCanvasMode(int mode) override;
+    void ShowCaret(const UstRect& canvasRect) override;
+    void TextChanged(CQRDObjectText& text, const UstRect& windowBefore) override;
+    void CompleteComposition() override;
+
+    // Text editing from the canvas: a new text at a canvas point, or the
+    // given one, put under edit.
+    CQRDObjectText* StartNewText(const QPoint& canvas);
+    void EditText(CQRDObjectText* text, const QPoint& canvas, bool selectAll);
+    void EndTextEdit();
+    CQRDObjectText* EditedText() const;
+    const QRect& CaretRect() const { return m_rcCaret; }
+
     static constexpr QRgb SURROUND = 0xFF9099AE;  // RGB(144, 153, 174)
 
 protected:
@@ -66,6 +84,9 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -94,6 +115,9 @@ private:
     void RightButton(const QPoint& canvas);
     void UpdateCursor(const QPoint& window);
     bool NavigationKey(int key);
+    bool EditingMousePress(QMouseEvent* event, const QPoint& canvas);
+    bool EditingKey(QKeyEvent* event);
+    void PasteIntoText();
     void ShowPageStatus();
 
     CMainFrame* m_pFrame;
@@ -108,6 +132,7 @@ private:
     bool m_bAttached = false;
     bool m_bLayingOut = false;
     UstDrag m_drag;
+    QRect m_rcCaret;  // canvas pixels; empty when no caret shows
 };
 
 // The cursor shown over a handle, 0 to 7 sizing, 8 rotating.

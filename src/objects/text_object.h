@@ -1,0 +1,206 @@
+#pragma once
+// Text on a page: one flat array of characters, each with its whole look,
+// laid out line by line and rendered character by character into layers
+// that are kept until that character changes. Editing happens in place on
+// the canvas; at most one text in the whole program is under edit.
+
+#include <QString>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "objects/qrd_object.h"
+#include "objects/text_host.h"
+#include "render/text_layout.h"
+#include "render/text_records.h"
+
+namespace orv {
+
+enum ETextCommand : uint32_t {
+    CMD_FONT_FACE = 202,
+    CMD_FONT_SIZE = 203,
+    CMD_TEXT_WIDTH = 723,
+    CMD_TEXT_SPACING = 724,
+    CMD_TEXT_LEADING = 725,
+    CMD_TEXT_SHEAR = 726,
+    CMD_BODY_PAINT = 260,
+    CMD_EDGE_PAINT = 261,
+    CMD_OUTLINE_PAINT = 262,
+    CMD_SHADOW_PAINT = 263,
+    CMD_ROTATION = 905,
+    CMD_SYMBOL = 2104,
+    CMD_TEXT_STYLE = 40052
+};
+
+// The effect-size commands: each replaces the whole effect record.
+bool IsEffectCommand(uint32_t code);
+
+enum ECaretMove { CARET_RIGHT = 0, CARET_LEFT, CARET_UP, CARET_DOWN, CARET_HOME, CARET_END };
+
+// Input method state bits.
+constexpr uint32_t IME_COMPOSING = 1, IME_CANDIDATES = 2;
+
+class CQRDObjectText : public CQRDObject {
+public:
+    CQRDObjectText() = default;
+    // A new text takes the default look of the editor.
+    explicit CQRDObjectText(CPageContext* page);
+    ~CQRDObjectText() override;
+
+    // The editor's side of editing, set once by the application.
+    static void SetEditHost(CTextEditHost* host) { s_pHost = host; }
+    static CTextEditHost* EditHost() { return s_pHost; }
+    // The text under edit anywhere in the program, or null.
+    static CQRDObjectText* Editing() { return s_pEditing; }
+
+    int GetType() const override { return OBJ_TEXT; }
+    bool CanRotate() const override { return true; }
+    bool CanBlink() const override { return true; }
+    bool IsEditing() const override { return s_pEditing == this; }
+    bool GetTyping() const override { return m_bTyping != 0; }
+    void SetTyping(int32_t on) override { m_bTyping = on; }
+    QString GetName() const override { return m_strName; }
+    QString GetPlainText() const override;
+    bool Execute(const void* args, uint32_t code) override;
+    void Attach(CPageContext* page) override;
+    void AfterLoad() override;
+    void ReleaseCache() override;
+    void OnZoom() override;
+    void Draw() override;
+    void DrawTo(uint32_t* bits, int width, int height) override;
+    uint32_t GetStateSize() const override;
+    bool LoadState(CByteReader& in, int flag) override;
+    bool EndEdit() override;
+
+    // The file form: the archive head, then this class's fields.
+    void Serialize(CByteWriter& out) const;
+    bool Deserialize(CByteReader& in);
+
+    // Building a text outside the editor (import, splitting, tests).
+    void SetChars(std::vector<UstCharAttr> chars);
+    void SetOrigin(float storeX, float storeY);
+    // Whether nothing but blanks and line ends is left.
+    bool IsBlank() const;
+    // Measures every character again, from its own attributes.
+    void MeasureAll();
+
+    // Editing. Points are canvas pixels, as the view gets them.
+    void BeginEdit(int x, int y, bool selectAll);
+    void InsertChar(uint32_t ch);
+    void InsertText(const uint32_t* chars, int count);
+    void InsertSymbol(uint32_t ch, uint32_t symbolCode);
+    void InsertChars(const std::vector<UstCharAttr>& chars);
+    void DeleteRange(int from, int to, int newCaret);
+    void DeleteSelection();
+    void Backspace();
+    void DeleteForward();
+    void MoveCaret(int direction, bool shift);
+    int HitCharIndex(int x, int y) const;
+    // False when the point is outside the text: the edit should end.
+    bool MouseDown(int x, int y);
+    void MouseMove(int x, int y);
+    void MouseUp();
+    // Text that comes in as a string: pasted or confirmed. Line feeds end
+    // lines, other control characters go.
+    void InsertString(const QString& text);
+
+    // The input method: start, the running composition replaced, the result
+    // confirmed, the end (with nothing confirmed it is a cancel).
+    void ImeStart();
+    void ImeComposition(const QString& composition, int cursor);
+    void ImeResult(const QString& result);
+    void ImeEnd();
+    void ImeCandidates(bool open);
+
+    // Sizing by handles fits the text to the new rectangle.
+    void FitToRect(const UstRect& before, const UstRect& after);
+
+    // The selected range, or the whole text when nothing is selected.
+    std::pair<int, int> Range() const;
+    bool HasSelection() const { return m_nSelStart >= 0 && m_nSelEnd > m_nSelStart; }
+    int CharCount() const { return static_cast<int>(m_arrChar.size()); }
+    const std::vector<UstCharAttr>& Chars() const { return m_arrChar; }
+    const std::vector<UstFES>& Glyphs() const { return m_arrGlyph; }
+    const UstTextLayout& Layout() const { return m_layout; }
+    // Layout of the text at full scale from its stored origin.
+    UstTextLayout StoredLayout(UstRect* rect = nullptr) const;
+
+    UstEffect m_effect{};
+    UstAttr m_attr{};
+    float m_fStoreX = 0, m_fStoreY = 0;
+    int32_t m_bTyping = 0;
+    int32_t m_nCompLen = 0;
+    int32_t m_nCompStart = 0;
+    int32_t m_nCompCursor = 0;  // where the input method shows its cursor
+    uint32_t m_nImeState = 0;
+    float m_fViewX = 0, m_fViewY = 0;
+    QString m_strName;
+    int32_t m_nAnchor = -1;
+    int32_t m_nCaret = 0;
+    UstRect m_rcCaret;
+    int32_t m_nSelStart = -1, m_nSelEnd = -1;
+    std::vector<UstRect> m_arrSelRect;
+    float m_fScale = 1.0f;
+    int32_t m_bDragging = 0;
+    UstRect m_rcBefore;
+    // How many characters the last change rendered anew; for the benchmark
+    // and the tests that keep typing cheap.
+    int m_nRendered = 0;
+
+protected:
+    void SaveStateHeader(CByteWriter& out) const override;
+    bool LoadStateHeader(CByteReader& in) override;
+    void SaveStateGeometry(CByteWriter& out) const override;
+    void LoadStateGeometry(CByteReader& in) override;
+    void SaveStateBody(CByteWriter& out) const override;
+    bool LoadStateBody(CByteReader& in, int flag) override;
+
+private:
+    friend class CTextEditTest;
+    // Layout and rendering.
+    void Relayout();
+    void ScaleFromPage();
+    void DropLayers(int from, int to);
+    void DropAllLayers();
+    void RenderMissingLayers();
+    void DrawLayers(uint32_t* bits, int width, int height, QPoint shift,
+                    const std::vector<UstFES>& glyphs, const UstRect& turnAbout) const;
+    void DrawSelectionBars(uint32_t* bits, int width, int height) const;
+    void FollowRect();
+    void SyncStored();
+    // Editing helpers.
+    UstCharAttr TypedCharAttr(uint32_t ch) const;
+    void InsertAt(int index, const std::vector<UstCharAttr>& chars);
+    void AfterChange(const UstRect& windowBefore);
+    void UpdateCaret();
+    void PublishCaretLook();
+    void ClearSelection();
+    void ExtendSelection(int direction, int oldCaret);
+    int VerticalTarget(bool up) const;
+    float CaretX(int index) const;
+    void BuildSelectionBars();
+    void ReplaceComposition(const std::vector<uint32_t>& text);
+    UstRect WindowRect() const;
+    // Commands.
+    bool ApplyFontBlock(const UstFontBlock& font, bool faceOnly);
+    bool ApplyMetric(uint32_t code, int32_t value);
+    bool ApplyPaint(uint32_t code, const UstFill& fill);
+    bool ApplyStyle(const UstText& style);
+    bool SetRotation(int32_t angle);
+    void Nudge(int dx, int dy);
+    void RemeasureMissingFaces();
+
+    static CTextEditHost* s_pHost;
+    static CQRDObjectText* s_pEditing;
+
+    std::vector<UstCharAttr> m_arrChar;
+    std::vector<UstFES> m_arrGlyph;
+    UstTextLayout m_layout;
+    UstRect m_rcLaid;  // the rectangle the positions were laid out for
+    std::vector<uint32_t> m_pRotated;  // the upright text for drawing turned
+    UstRect m_rcRotated;
+    std::vector<uint32_t> m_composition;  // what the running composition shows
+};
+
+}  // namespace orv

@@ -1,0 +1,151 @@
+// The page's commands for text: the look of the selected texts, symbols,
+// splitting a text into lines or characters, and the end of an edit.
+#include <algorithm>
+
+#include "project/page_manager.h"
+
+namespace orv {
+
+namespace {
+
+UstRect Union(const UstRect& a, const UstRect& b) {
+    if (a.Width() <= 0 || a.Height() <= 0) return b;
+    if (b.Width() <= 0 || b.Height() <= 0) return a;
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+            std::max(a.bottom, b.bottom)};
+}
+
+}  // namespace
+
+void CPageManager::ScrollToShow(const UstRect& r) {
+    if (!IsScrollPage()) return;
+    const UstPoint s = GetScrollOrigin();
+    const bool roll = m_nPageType == 1;
+    const int nearEdge = roll ? r.top : r.left, farEdge = roll ? r.bottom : r.right;
+    const int origin = roll ? s.y : s.x, length = roll ? m_nHeight : m_nWidth;
+    if (nearEdge >= origin && farEdge <= origin + length) return;
+    ScrollToRect(r.left, r.top, r.right, r.bottom);
+}
+
+CQRDObjectText* CPageManager::EditedText() const {
+    CQRDObjectText* text = CQRDObjectText::Editing();
+    const bool here = text && std::any_of(m_objects.begin(), m_objects.end(),
+                                          [text](const auto& o) { return o.get() == text; });
+    return here ? text : nullptr;
+}
+
+// Redraws everything; the text under edit comes last, by itself.
+void CPageManager::RedrawAll(const UstRect& before) {
+    CQRDObjectText* edited = EditedText();
+    RenderCanvasExcept(edited);
+    if (edited) edited->Draw();
+    DrawHandles();
+    if (m_pView) m_pView->InvalidateRect(Union(before, SelectionWindowRect()));
+}
+
+void CPageManager::RedrawEditing(const UstRect& windowBefore) {
+    CQRDObjectText* edited = EditedText();
+    RenderCanvasExcept(edited);
+    if (edited) edited->Draw();
+    if (m_pView)
+        m_pView->InvalidateRect(Union(windowBefore, edited ? edited->GetInvalidRect() : UstRect{}));
+}
+
+void CPageManager::EndTextEdit() {
+    CQRDObjectText* text = EditedText();
+    if (!text) return;
+    const UstRect before = text->GetInvalidRect();
+    text->EndEdit();
+    if (text->IsBlank()) {
+        Unselect(text);
+        if (m_pDoc) m_pDoc->ObjectRemoved(text);
+        Remove(text);
+        SetModified(true);
+        RedrawAll(before);
+        return;
+    }
+    PushUndo(4);
+    SetModified(true);
+    RebuildPageText(false);
+    if (m_pDoc) m_pDoc->RefreshTextList();
+    RedrawAll(before);
+}
+
+int CPageManager::TextCommand(const void* arg, uint32_t id) {
+    if (!arg) return 0;
+    const UstRect before = SelectionWindowRect();
+    bool changed = false;
+    for (CQRDObject* o : m_selection)
+        if (o->GetType() == OBJ_TEXT || o->GetType() == OBJ_TIMER) changed |= o->Execute(arg, id);
+    if (!changed) return 0;
+    RedrawAll(before);
+    return Tail();
+}
+
+int CPageManager::LookCommand(const void* arg, uint32_t id) {
+    if (!arg || m_selection.empty()) return 0;
+    const UstRect before = SelectionWindowRect();
+    for (CQRDObject* o : m_selection)
+        o->Execute(arg, id);
+    RedrawAll(before);
+    return Tail();
+}
+
+int CPageManager::SymbolCommand(const void* arg) {
+    for (CQRDObject* o : m_selection)
+        if (o->GetType() == OBJ_TEXT && o->IsEditing()) return o->Execute(arg, CMD_SYMBOL) ? 1 : 0;
+    return 0;
+}
+
+namespace {
+
+// A new text of the given characters whose first one stands where it stood
+// in the text it came from.
+std::unique_ptr<CQRDObjectText> PieceOf(const CQRDObjectText& from, CPageContext* page,
+                                        const UstTextLayout& layout, int first, int last) {
+    std::vector<UstCharAttr> chars;
+    for (int i = first; i <= last; ++i) {
+        const UstCharAttr& c = from.Chars()[static_cast<size_t>(i)];
+        if (c.nChar != CHAR_LINE_END) chars.push_back(c);
+    }
+    if (chars.empty()) return nullptr;
+    auto piece = std::make_unique<CQRDObjectText>(page);
+    piece->m_attr = from.m_attr;
+    piece->m_effect = from.m_effect;
+    piece->m_nAngle = from.m_nAngle;
+    const UstCharAttr& head = from.Chars()[static_cast<size_t>(first)];
+    const UstCharPos at = layout.pos[static_cast<size_t>(first)];
+    piece->SetChars(std::move(chars));
+    piece->SetOrigin(at.x - static_cast<float>(head.nOriginX),
+                     at.y + static_cast<float>(head.nOriginY));
+    return piece;
+}
+
+}  // namespace
+
+int CPageManager::SplitText(bool intoChars) {
+    if (m_selection.size() != 1 || m_selection.front()->GetType() != OBJ_TEXT) return 0;
+    auto* text = static_cast<CQRDObjectText*>(m_selection.front());
+    const UstTextLayout layout = text->StoredLayout();
+    if (intoChars ? text->CharCount() <= 1 : layout.nLines <= 1) return 0;
+    if (text->IsEditing()) EndTextEdit();
+    const UstRect before = SelectionWindowRect();
+    std::vector<std::unique_ptr<CQRDObjectText>> pieces;
+    if (intoChars) {
+        for (int i = 0; i < text->CharCount(); ++i)
+            if (!IsBlankChar(text->Chars()[static_cast<size_t>(i)].nChar))
+                pieces.push_back(PieceOf(*text, this, layout, i, i));
+    } else {
+        for (const auto& [first, last] : layout.lineRange)
+            pieces.push_back(PieceOf(*text, this, layout, first, last));
+    }
+    m_selection.clear();
+    if (m_pDoc) m_pDoc->ObjectRemoved(text);
+    Remove(text);
+    for (auto& piece : pieces)
+        if (piece) Select(AddObject(std::move(piece)));
+    RedrawAll(before);
+    return Tail();
+}
+
+}  // namespace orv
