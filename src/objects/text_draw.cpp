@@ -207,8 +207,7 @@ UstTextLayout CQRDObjectText::StoredLayout(UstRect* rect) const {
 }
 
 void CQRDObjectText::DrawLayers(uint32_t* bits, int width, int height, QPoint shift,
-                                const std::vector<UstFES>& glyphs,
-                                const UstRect& turnAbout) const {
+                                const std::vector<UstFES>& glyphs, const UstRect& turnAbout) const {
     QImage canvas(reinterpret_cast<uchar*>(bits), width, height, width * 4,
                   QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&canvas);

@@ -306,9 +306,8 @@ void CQRDObjectText::UpdateCaret() {
         const int x = RoundToInt(m_fViewX), top = RoundToInt(m_fViewY) - ascent;
         m_rcCaret = {x, top, x + 2, top + h};
     } else {
-        const int at = std::clamp((m_nImeState & IME_COMPOSING) ? m_nCompStart + m_nCompCursor
-                                                                : m_nCaret,
-                                  0, count);
+        const int at = std::clamp(
+            (m_nImeState & IME_COMPOSING) ? m_nCompStart + m_nCompCursor : m_nCaret, 0, count);
         const bool lineStart = IsLineStart(m_arrChar, at);
         const int sizeFrom = lineStart && at < count ? at : std::max(0, at - 1);
         const UstCharAttr& c = m_arrChar[static_cast<size_t>(sizeFrom)];
@@ -387,8 +386,8 @@ void CQRDObjectText::MoveCaret(int direction, bool shift) {
             m_nCaret = VerticalTarget(direction == CARET_UP);
             break;
         case CARET_HOME:
-            while (m_nCaret > 0 && m_arrChar[static_cast<size_t>(m_nCaret) - 1].nChar !=
-                                       CHAR_LINE_END)
+            while (m_nCaret > 0 &&
+                   m_arrChar[static_cast<size_t>(m_nCaret) - 1].nChar != CHAR_LINE_END)
                 --m_nCaret;
             break;
         case CARET_END:
@@ -440,8 +439,8 @@ void CQRDObjectText::BuildSelectionBars() {
         const int from = std::max(first, m_nSelStart), to = std::min(last + 1, m_nSelEnd);
         if (from < to) {
             const int left = RoundToInt(CaretX(from)), right = RoundToInt(CaretX(to));
-            m_arrSelRect.push_back({left, RoundToInt(top), std::max(right, left + 2),
-                                    RoundToInt(top + height)});
+            m_arrSelRect.push_back(
+                {left, RoundToInt(top), std::max(right, left + 2), RoundToInt(top + height)});
         }
         top += height;
     }

@@ -444,12 +444,11 @@ void CQRDObjectText::FitToRect(const UstRect& before, const UstRect& after) {
     const bool heightChanged = before.Height() != after.Height();
     if (!widthChanged && !heightChanged) return;
     if (heightChanged) {
-        const double ratio = before.Height() > 0 ? static_cast<double>(after.Height()) /
-                                                       before.Height()
-                                                 : 1.0;
+        const double ratio =
+            before.Height() > 0 ? static_cast<double>(after.Height()) / before.Height() : 1.0;
         for (UstCharAttr& c : m_arrChar) {
-            c.font.nSize = std::clamp(RoundToInt(static_cast<float>(c.font.nSize * ratio)), 1,
-                                      MAX_TEXT_SIZE);
+            c.font.nSize =
+                std::clamp(RoundToInt(static_cast<float>(c.font.nSize * ratio)), 1, MAX_TEXT_SIZE);
             c.metric.nLeading = RoundToInt(static_cast<float>(c.metric.nLeading * ratio));
         }
         m_fViewY += static_cast<float>(after.top - before.top);
@@ -467,7 +466,8 @@ void CQRDObjectText::FitToRect(const UstRect& before, const UstRect& after) {
     LayoutText(layout, 0, 0, measured, plain.data(), static_cast<int>(plain.size()), m_fScale,
                m_fScale);
     if (measured.Width() > 0) {
-        const int percent = RoundToInt(static_cast<float>(100.0 * after.Width() / measured.Width()));
+        const int percent =
+            RoundToInt(static_cast<float>(100.0 * after.Width() / measured.Width()));
         for (UstCharAttr& c : m_arrChar)
             c.metric.nWidth = std::max(1, percent);
     }

@@ -197,7 +197,7 @@ private:
     std::vector<UstCharAttr> m_arrChar;
     std::vector<UstFES> m_arrGlyph;
     UstTextLayout m_layout;
-    UstRect m_rcLaid;  // the rectangle the positions were laid out for
+    UstRect m_rcLaid;                  // the rectangle the positions were laid out for
     std::vector<uint32_t> m_pRotated;  // the upright text for drawing turned
     UstRect m_rcRotated;
     std::vector<uint32_t> m_composition;  // what the running composition shows

@@ -38,8 +38,8 @@ void MeasureChar(UstCharAttr& c, bool useMetrics) {
     const int h = PixelHeight(c.font.nSize, 1.0f);
     const int ascent = LineMetricAt(c.font.nSize).ascent;
     UstGlyphMetrics gm;
-    const bool measured =
-        c.nChar != CHAR_LINE_END && MeasureGlyph(RequestFor(c, useMetrics), 1.0f, 1.0f, gm, nullptr);
+    const bool measured = c.nChar != CHAR_LINE_END &&
+                          MeasureGlyph(RequestFor(c, useMetrics), 1.0f, 1.0f, gm, nullptr);
     if (!measured) gm = {};
     if (c.nChar == CHAR_LINE_END || c.nChar == CHAR_SPACE) {
         const int advance = c.nChar == CHAR_SPACE ? gm.gmCellIncX : 0;
