@@ -6,7 +6,7 @@
 #include <QSettings>
 #include <QTest>
 
-#include "frame_fixture.h"
+#include "canvas_fixture.h"
 #include "project/project_manager.h"
 #include "render/tga_file.h"
 #include "support/rect_object.h"
@@ -17,50 +17,8 @@
 namespace orv {
 namespace {
 
+using test::CanvasTest;
 using test::CRectObject;
-
-class CanvasTest : public test::CFrameFixture {
-protected:
-    void SetUp() override {
-        CFrameFixture::SetUp();
-        frame = MakeFrame(9);
-        doc = new CZevrantDoc(frame.get());
-        view = frame->AddProjectWindow(doc);
-        frame->resize(760, 560);
-        frame->show();
-        QApplication::processEvents();
-        page = view->Page();
-        ASSERT_NE(page, nullptr);
-        zoom = frame->m_fZoom;
-    }
-    void TearDown() override {
-        frame->hide();
-        frame.reset();
-    }
-    // An object given in view units at the current zoom.
-    CRectObject* Add(UstRect viewRect, bool rotates = false) {
-        const float k = 100.0f / zoom;
-        const UstRect stored{int(viewRect.left * k), int(viewRect.top * k), int(viewRect.right * k),
-                             int(viewRect.bottom * k)};
-        auto* o = static_cast<CRectObject*>(
-            page->AddObject(std::make_unique<CRectObject>(stored, 0xFF00FF00u, rotates)));
-        page->RenderCanvas();
-        return o;
-    }
-    QPoint At(int x, int y) const { return view->PageRect().topLeft() + QPoint(x, y); }
-    void Drag(QPoint from, QPoint to, Qt::KeyboardModifiers mods = Qt::NoModifier) {
-        QTest::mousePress(view, Qt::LeftButton, mods, from);
-        QTest::mouseMove(view, (from + to) / 2);
-        QTest::mouseMove(view, to);
-        QTest::mouseRelease(view, Qt::LeftButton, mods, to);
-    }
-
-    std::unique_ptr<CMainFrame> frame;
-    CZevrantDoc* doc = nullptr;
-    CZevrantView* view = nullptr;
-    CPageManager* page = nullptr;
-    float zoom = 100.0f;
-};
 
 TEST_F(CanvasTest, ClickSelectsAndClickOnNothingClears) {
     CRectObject* a = Add({20, 20, 60, 50});
