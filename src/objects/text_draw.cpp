@@ -133,8 +133,11 @@ void CQRDObjectText::Relayout() {
         UstFES& g = m_arrGlyph[i];
         if (!g.Rendered()) continue;
         const int fx = RoundToInt(m_layout.pos[i].x), fy = RoundToInt(m_layout.pos[i].y);
+        if (fx == g.faceX && fy == g.faceY) continue;
+        AddDirty(g);
         g.x += fx - g.faceX, g.y += fy - g.faceY;
         g.faceX = fx, g.faceY = fy;
+        AddDirty(g);
     }
     m_pRotated.clear();
     m_rcLaid = m_rcView;
@@ -160,12 +163,57 @@ void CQRDObjectText::DropLayers(int from, int to) {
 void CQRDObjectText::DropAllLayers() {
     m_arrGlyph.assign(m_arrChar.size(), UstFES{});
     m_pRotated.clear();
+    m_bDirtyAll = true;
+}
+
+void CQRDObjectText::AddDirty(const UstFES& g) {
+    const UstRect r{g.x, g.y, g.x + g.w, g.y + g.h};
+    if (m_rcDirty.Width() <= 0 || m_rcDirty.Height() <= 0) {
+        m_rcDirty = r;
+        return;
+    }
+    m_rcDirty = {std::min(m_rcDirty.left, r.left), std::min(m_rcDirty.top, r.top),
+                 std::max(m_rcDirty.right, r.right), std::max(m_rcDirty.bottom, r.bottom)};
+}
+
+void CQRDObjectText::AddDirty(int from, int to) {
+    for (int i = std::max(0, from); i < to && i < static_cast<int>(m_arrGlyph.size()); ++i)
+        if (m_arrGlyph[static_cast<size_t>(i)].Rendered())
+            AddDirty(m_arrGlyph[static_cast<size_t>(i)]);
 }
 
 void CQRDObjectText::RenderMissingLayers() {
     if (m_arrGlyph.size() != m_arrChar.size()) m_arrGlyph.resize(m_arrChar.size());
     if (m_arrChar.empty()) return;
+    std::vector<bool> had(m_arrGlyph.size());
+    for (size_t i = 0; i < m_arrGlyph.size(); ++i)
+        had[i] = m_arrGlyph[i].Rendered();
     m_nRendered += RenderGlyphs(m_arrChar, m_layout, m_arrGlyph, m_attr, m_effect, m_fScale);
+    for (size_t i = 0; i < m_arrGlyph.size(); ++i)
+        if (!had[i] && m_arrGlyph[i].Rendered()) AddDirty(m_arrGlyph[i]);
+}
+
+void CQRDObjectText::PrepareDraw() {
+    FollowRect();
+    RenderMissingLayers();
+}
+
+bool CQRDObjectText::TakeDirty(UstRect& canvasArea) {
+    const bool all = m_bDirtyAll || m_nAngle % 360 != 0 || !m_arrSelRect.empty();
+    const UstPoint s = m_pPage ? m_pPage->GetScrollOrigin() : UstPoint{};
+    canvasArea = Offset(m_rcDirty, -s.x, -s.y);
+    m_rcDirty = {};
+    m_bDirtyAll = false;
+    return !all;
+}
+
+void CQRDObjectText::DrawClipped(const UstRect& canvasArea) {
+    if (!m_pPage || !m_pPage->GetCanvasBits() || canvasArea.Width() <= 0 ||
+        canvasArea.Height() <= 0)
+        return;
+    const UstPoint s = m_pPage->GetScrollOrigin();
+    DrawLayers(m_pPage->GetCanvasBits(), m_pPage->GetCanvasWidth(), m_pPage->GetCanvasHeight(),
+               QPoint(-s.x, -s.y), m_arrGlyph, Offset(m_rcView, -s.x, -s.y), canvasArea.ToQRect());
 }
 
 // The canvas moved the rectangle by itself (a drag): the text follows.
@@ -182,6 +230,8 @@ void CQRDObjectText::Draw() {
     if (!m_pPage || !m_pPage->GetCanvasBits()) return;
     FollowRect();
     RenderMissingLayers();
+    m_rcDirty = {};
+    m_bDirtyAll = false;
     const UstPoint s = m_pPage->GetScrollOrigin();
     const int w = m_pPage->GetCanvasWidth(), h = m_pPage->GetCanvasHeight();
     DrawLayers(m_pPage->GetCanvasBits(), w, h, QPoint(-s.x, -s.y), m_arrGlyph,
@@ -207,10 +257,12 @@ UstTextLayout CQRDObjectText::StoredLayout(UstRect* rect) const {
 }
 
 void CQRDObjectText::DrawLayers(uint32_t* bits, int width, int height, QPoint shift,
-                                const std::vector<UstFES>& glyphs, const UstRect& turnAbout) const {
+                                const std::vector<UstFES>& glyphs, const UstRect& turnAbout,
+                                const QRect& clip) const {
     QImage canvas(reinterpret_cast<uchar*>(bits), width, height, width * 4,
                   QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&canvas);
+    if (!clip.isEmpty()) painter.setClipRect(clip);
     if (m_nAngle % 360 != 0) {
         // Until the whole text is rendered upright and turned as one image.
         const QPointF centre((turnAbout.left + turnAbout.right) / 2.0,
@@ -220,7 +272,8 @@ void CQRDObjectText::DrawLayers(uint32_t* bits, int width, int height, QPoint sh
         painter.rotate(m_nAngle);
         painter.translate(-centre);
     }
-    const QRect visible = painter.transform().inverted().mapRect(QRect(0, 0, width, height));
+    const QRect visible = painter.transform().inverted().mapRect(
+        clip.isEmpty() ? QRect(0, 0, width, height) : clip.intersected(QRect(0, 0, width, height)));
     for (const UstFES::Layer layer : STACKING)
         for (size_t i = 0; i < glyphs.size() && i < m_arrChar.size(); ++i) {
             const UstFES& g = glyphs[i];

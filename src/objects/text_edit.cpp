@@ -217,6 +217,7 @@ void CQRDObjectText::InsertChars(const std::vector<UstCharAttr>& chars) {
     const UstRect before = WindowRect();
     if (HasSelection()) {
         const int start = m_nSelStart;
+        AddDirty(start, m_nSelEnd);
         m_arrChar.erase(m_arrChar.begin() + start, m_arrChar.begin() + m_nSelEnd);
         m_arrGlyph.erase(m_arrGlyph.begin() + start, m_arrGlyph.begin() + m_nSelEnd);
         m_nCaret = start;
@@ -250,6 +251,7 @@ void CQRDObjectText::DeleteRange(int from, int to, int newCaret) {
     from = std::clamp(from, 0, CharCount());
     to = std::clamp(to, from, CharCount());
     const UstRect before = WindowRect();
+    AddDirty(from, to);
     m_arrChar.erase(m_arrChar.begin() + from, m_arrChar.begin() + to);
     m_arrGlyph.erase(m_arrGlyph.begin() + from, m_arrGlyph.begin() + to);
     m_nCaret = std::clamp(newCaret, 0, CharCount());
@@ -425,11 +427,13 @@ void CQRDObjectText::ExtendSelection(int /*direction*/, int oldCaret) {
 }
 
 void CQRDObjectText::ClearSelection() {
+    if (!m_arrSelRect.empty()) m_bDirtyAll = true;
     m_nSelStart = m_nSelEnd = -1;
     m_arrSelRect.clear();
 }
 
 void CQRDObjectText::BuildSelectionBars() {
+    if (!m_arrSelRect.empty()) m_bDirtyAll = true;  // the old bars must go
     m_arrSelRect.clear();
     if (!HasSelection() || m_layout.nLines == 0) return;
     float top = static_cast<float>(m_rcView.top);
@@ -528,6 +532,7 @@ void CQRDObjectText::ReplaceComposition(const std::vector<uint32_t>& text) {
     const UstRect before = WindowRect();
     const int start = std::clamp(m_nCompStart, 0, CharCount());
     const int end = std::clamp(start + m_nCompLen, start, CharCount());
+    AddDirty(start, end);
     m_arrChar.erase(m_arrChar.begin() + start, m_arrChar.begin() + end);
     m_arrGlyph.erase(m_arrGlyph.begin() + start, m_arrGlyph.begin() + end);
     std::vector<UstCharAttr> typed;

@@ -327,6 +327,7 @@ bool CQRDObjectText::Execute(const void* args, uint32_t code) {
             changed = true;
     }
     if (changed) {
+        m_bDirtyAll = true;
         const UstRect before = WindowRect();
         Relayout();
         if (IsEditing()) AfterChange(before);
@@ -421,6 +422,7 @@ bool CQRDObjectText::SetRotation(int32_t angle) {
 
 void CQRDObjectText::Nudge(int dx, int dy) {
     if (dx == 0 && dy == 0) return;
+    m_bDirtyAll = true;
     m_rcView = Offset(m_rcView, dx, dy);
     m_fViewX += static_cast<float>(dx);
     m_fViewY += static_cast<float>(dy);

@@ -113,6 +113,13 @@ public:
     void ImeEnd();
     void ImeCandidates(bool open);
 
+    // Typing redraws only what changed. PrepareDraw renders what is missing;
+    // TakeDirty answers the canvas area that changed since the last draw,
+    // or false when all of it must be drawn again; DrawClipped draws there.
+    void PrepareDraw();
+    bool TakeDirty(UstRect& canvasArea);
+    void DrawClipped(const UstRect& canvasArea);
+
     // Sizing by handles fits the text to the new rectangle.
     void FitToRect(const UstRect& before, const UstRect& after);
 
@@ -165,7 +172,10 @@ private:
     void DropAllLayers();
     void RenderMissingLayers();
     void DrawLayers(uint32_t* bits, int width, int height, QPoint shift,
-                    const std::vector<UstFES>& glyphs, const UstRect& turnAbout) const;
+                    const std::vector<UstFES>& glyphs, const UstRect& turnAbout,
+                    const QRect& clip = {}) const;
+    void AddDirty(const UstFES& g);
+    void AddDirty(int from, int to);
     void DrawSelectionBars(uint32_t* bits, int width, int height) const;
     void FollowRect();
     void SyncStored();
@@ -197,7 +207,9 @@ private:
     std::vector<UstCharAttr> m_arrChar;
     std::vector<UstFES> m_arrGlyph;
     UstTextLayout m_layout;
-    UstRect m_rcLaid;                  // the rectangle the positions were laid out for
+    UstRect m_rcLaid;   // the rectangle the positions were laid out for
+    UstRect m_rcDirty;  // page pixels at the zoom that changed since the last draw
+    bool m_bDirtyAll = true;
     std::vector<uint32_t> m_pRotated;  // the upright text for drawing turned
     UstRect m_rcRotated;
     std::vector<uint32_t> m_composition;  // what the running composition shows

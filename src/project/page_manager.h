@@ -197,6 +197,9 @@ private:
     std::vector<std::unique_ptr<CQRDObject>> m_objects;  // head backmost, tail topmost
     std::vector<CQRDObject*> m_selection;                // in selection order
     std::vector<uint32_t> m_pThumbBits;
+    // The canvas without the text under edit, kept while typing goes on.
+    std::vector<uint32_t> m_underlay;
+    bool m_bUnderlayValid = false;
 };
 
 }  // namespace orv

@@ -12,6 +12,7 @@
 namespace orv {
 
 void CPageManager::RenderCanvasExcept(const CQRDObject* except) {
+    m_bUnderlayValid = false;
     if (!m_pCanvas || m_nWidth <= 0 || m_nHeight <= 0) return;
     const UstEnv fallback = MakeDefaultEnv(9);
     const UstEnv& env = m_pView ? m_pView->Env() : fallback;

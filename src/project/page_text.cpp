@@ -45,8 +45,29 @@ void CPageManager::RedrawAll(const UstRect& before) {
 
 void CPageManager::RedrawEditing(const UstRect& windowBefore) {
     CQRDObjectText* edited = EditedText();
-    RenderCanvasExcept(edited);
-    if (edited) edited->Draw();
+    const size_t size = static_cast<size_t>(std::max(0, m_nWidth)) * std::max(0, m_nHeight);
+    UstRect dirty;
+    if (edited) edited->PrepareDraw();
+    if (m_pCanvas && edited && m_bUnderlayValid && m_underlay.size() == size &&
+        edited->TakeDirty(dirty)) {
+        // Only where characters came, went or moved: the page as kept
+        // without the text, then the text over it.
+        const UstRect area{std::max(0, dirty.left), std::max(0, dirty.top),
+                           std::min(m_nWidth, dirty.right), std::min(m_nHeight, dirty.bottom)};
+        for (int y = area.top; y < area.bottom; ++y) {
+            const size_t at = static_cast<size_t>(y) * m_nWidth + area.left;
+            std::copy_n(m_underlay.begin() + static_cast<ptrdiff_t>(at), area.Width(),
+                        m_pCanvas + at);
+        }
+        edited->DrawClipped(area);
+    } else {
+        RenderCanvasExcept(edited);
+        if (m_pCanvas && edited) {
+            m_underlay.assign(m_pCanvas, m_pCanvas + size);
+            m_bUnderlayValid = true;
+        }
+        if (edited) edited->Draw();
+    }
     if (m_pView)
         m_pView->InvalidateRect(Union(windowBefore, edited ? edited->GetInvalidRect() : UstRect{}));
 }
@@ -56,6 +77,8 @@ void CPageManager::EndTextEdit() {
     if (!text) return;
     const UstRect before = text->GetInvalidRect();
     text->EndEdit();
+    m_bUnderlayValid = false;
+    m_underlay = {};
     if (text->IsBlank()) {
         Unselect(text);
         if (m_pDoc) m_pDoc->ObjectRemoved(text);

@@ -86,5 +86,26 @@ TEST_F(PageText, LookCommandsReachOnlySelectedTexts) {
     EXPECT_EQ(page->ExecCommand(&symbol, CMD_SYMBOL), 0);  // no text under edit
 }
 
+TEST_F(PageText, TypingRedrawsOnlyWhatChangedAndGetsTheSamePicture) {
+    auto* text =
+        static_cast<CQRDObjectText*>(page->AddObject(std::make_unique<CQRDObjectText>(page)));
+    text->BeginEdit(10, 120, false);
+    host.working.font.nSize = 24;
+    text->InsertString("Left right\rsecond line");
+    page->RedrawEditing({});
+    for (int i = 0; i < 17; ++i)
+        text->MoveCaret(CARET_LEFT, false);
+    text->InsertString("WW");
+    text->Backspace();
+    text->MoveCaret(CARET_END, false);
+    text->InsertChar(13);
+    page->RedrawEditing({});  // the kept page, and the text only where it changed
+    const std::vector<uint32_t> partial = view.canvas;
+    page->RenderCanvasExcept(text);
+    text->Draw();
+    EXPECT_TRUE(partial == view.canvas);
+    text->EndEdit();
+}
+
 }  // namespace
 }  // namespace orv

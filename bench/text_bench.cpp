@@ -1,0 +1,96 @@
+// Typing into a text of 200 characters (four lines of 50 at 72 points) on a
+// 1920 x 1080 page: one keystroke, with the page redrawn from what it keeps,
+// divided by a full re-measure, re-layout and re-render of the same text.
+// Target: at most 0.2. The process exits with status 1 if it misses.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+
+#include "objects/text_object.h"
+#include "project/page_manager.h"
+#include "project/settings_records.h"
+
+namespace {
+
+using namespace orv;
+
+// A view that only lends its canvas.
+class CBenchView : public CPageView {
+public:
+    CBenchView() : canvas(1920 * 1080, 0), env(MakeDefaultEnv(9)) {}
+    UstViewFrame GetViewFrame() override {
+        return {{0, 0, 1920, 1080}, 1920, 1080, 0, 0, canvas.data()};
+    }
+    const UstEnv& Env() const override { return env; }
+    float Zoom() const override { return 100.0f; }
+    const QImage* BackdropImage() override { return nullptr; }
+    void SetPageType(uint32_t, bool) override {}
+    int SetScrollBar(uint32_t, int origin, int) override { return origin; }
+    void InvalidateRect(const UstRect&) override {}
+    void Repaint() override {}
+    std::vector<uint32_t> canvas;
+    UstEnv env;
+};
+
+double BestSeconds(const std::function<void()>& f, int runs) {
+    double best = 1e9;
+    for (int i = 0; i < runs; ++i) {
+        const auto t0 = std::chrono::steady_clock::now();
+        f();
+        const std::chrono::duration<double> d = std::chrono::steady_clock::now() - t0;
+        best = std::min(best, d.count());
+    }
+    return best;
+}
+
+bool g_missed = false;
+
+void BM_KeystrokeOverFullRender(benchmark::State& state) {
+    CBenchView view;
+    CPageManager page(nullptr, &view);
+    auto* text =
+        static_cast<CQRDObjectText*>(page.AddObject(std::make_unique<CQRDObjectText>(&page)));
+    text->BeginEdit(60, 200, false);
+    const QString line = "The quick brown fox jumps over the lazy dog 0123456";
+    text->InsertString(line + "\r" + line + "\r" + line + "\r" + line.left(47));
+    page.RedrawEditing({});
+    for (int i = 0; i < 25 + 48; ++i)  // the middle of the third line
+        text->MoveCaret(CARET_LEFT, false);
+    double ratio = 0;
+    for (auto _ : state) {
+        const double key = BestSeconds(
+                               [&] {
+                                   text->InsertChar('x');
+                                   page.RedrawEditing({});
+                                   text->Backspace();
+                                   page.RedrawEditing({});
+                               },
+                               20) /
+                           2;
+        const double full = BestSeconds(
+            [&] {
+                text->MeasureAll();
+                page.RedrawEditing({});
+            },
+            10);
+        ratio = key / full;
+    }
+    text->EndEdit();
+    state.counters["ratio"] = ratio;
+    state.counters["target"] = 0.2;
+    if (ratio > 0.2) g_missed = true;
+}
+BENCHMARK(BM_KeystrokeOverFullRender)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    if (g_missed) std::printf("MISSED TARGET: keystroke / full render\n");
+    return g_missed ? 1 : 0;
+}
