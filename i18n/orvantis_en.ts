@@ -226,6 +226,62 @@ Align to bottom</translation>
         <translation>Crawl</translation>
     </message>
     <message>
+        <source>&amp;Text</source>
+        <translation>&amp;Text</translation>
+    </message>
+    <message>
+        <source>Edit Text.
+Text</source>
+        <translation>Edit Text.
+Text</translation>
+    </message>
+    <message>
+        <source>Select an Object.
+Select</source>
+        <translation>Select an Object.
+Select</translation>
+    </message>
+    <message>
+        <source>Choose the font of the text.
+Font...</source>
+        <translation>Choose the font of the text.
+Font...</translation>
+    </message>
+    <message>
+        <source>Choose the size of the text.
+Font Size...</source>
+        <translation>Choose the size of the text.
+Font Size...</translation>
+    </message>
+    <message>
+        <source>Split text into lines
+Split into Lines</source>
+        <translation>Split text into lines
+Split into Lines</translation>
+    </message>
+    <message>
+        <source>Split text into characters
+Split into Characters</source>
+        <translation>Split text into characters
+Split into Characters</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Font</translation>
+    </message>
+    <message>
+        <source>Font:</source>
+        <translation>Font:</translation>
+    </message>
+    <message>
+        <source>Font Size</source>
+        <translation>Font Size</translation>
+    </message>
+    <message>
+        <source>Size (points):</source>
+        <translation>Size (points):</translation>
+    </message>
+    <message>
         <source>Objects within the page will be lost. Do you wish to proceed?</source>
         <translation>Objects within the page will be lost. Do you wish to proceed?</translation>
     </message>

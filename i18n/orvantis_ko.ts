@@ -226,6 +226,62 @@ Align to bottom</source>
         <translation>크롤</translation>
     </message>
     <message>
+        <source>&amp;Text</source>
+        <translation>텍스트(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Edit Text.
+Text</source>
+        <translation>텍스트를 편집합니다.
+텍스트</translation>
+    </message>
+    <message>
+        <source>Select an Object.
+Select</source>
+        <translation>개체를 선택합니다.
+선택</translation>
+    </message>
+    <message>
+        <source>Choose the font of the text.
+Font...</source>
+        <translation>텍스트의 글꼴을 고릅니다.
+글꼴...</translation>
+    </message>
+    <message>
+        <source>Choose the size of the text.
+Font Size...</source>
+        <translation>텍스트의 크기를 고릅니다.
+글꼴 크기...</translation>
+    </message>
+    <message>
+        <source>Split text into lines
+Split into Lines</source>
+        <translation>텍스트를 줄 단위로 나눕니다
+줄로 나누기</translation>
+    </message>
+    <message>
+        <source>Split text into characters
+Split into Characters</source>
+        <translation>텍스트를 글자 단위로 나눕니다
+글자로 나누기</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>글꼴</translation>
+    </message>
+    <message>
+        <source>Font:</source>
+        <translation>글꼴:</translation>
+    </message>
+    <message>
+        <source>Font Size</source>
+        <translation>글꼴 크기</translation>
+    </message>
+    <message>
+        <source>Size (points):</source>
+        <translation>크기(포인트):</translation>
+    </message>
+    <message>
         <source>Objects within the page will be lost. Do you wish to proceed?</source>
         <translation>페이지 안의 개체가 모두 삭제됩니다. 계속하시겠습니까?</translation>
     </message>

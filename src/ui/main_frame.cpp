@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
@@ -15,9 +16,11 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include "objects/text_object.h"
 #include "project/project_manager.h"
 #include "render/font_service.h"
 #include "render/image_file.h"
+#include "render/text_measure.h"
 #include "shell/app_object.h"
 #include "shell/frame_rules.h"
 #include "shell/settings_files.h"
@@ -121,6 +124,7 @@ void CMainFrame::CreateCommandBars() {
     options->setObjectName("cmd40082");
     CreateArrangeMenu();
     CreatePageMenu();
+    CreateTextMenu();
     QToolBar* bar = addToolBar(tr("Standard"));
     bar->setObjectName("StandardBar");
     bar->addAction(options);
@@ -243,6 +247,57 @@ void CMainFrame::CreatePageMenu() {
             menu->addAction(names[type], this, [this, type] { ChangePageType(type); });
         action->setObjectName(QString("pagetype%1").arg(type));
     }
+}
+
+// Until the ribbon exists: the canvas modes, splitting and the font of the
+// selected texts.
+void CMainFrame::CreateTextMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Text"));
+    auto add = [&](const QString& text, const char* name, auto slot) {
+        const QStringList parts = text.split('\n');
+        QAction* action = menu->addAction(parts.value(1), this, slot);
+        action->setStatusTip(parts.value(0));
+        action->setObjectName(name);
+    };
+    add(tr("Edit Text.\nText"), "cmd207", [this] {
+        if (m_nCanvasMode != MODE_TEXT) m_nCanvasMode = MODE_TEXT;
+    });
+    add(tr("Select an Object.\nSelect"), "cmd208", [this] {
+        if (CZevrantView* view = ActiveView()) view->EndTextEdit();
+        m_nCanvasMode = MODE_SELECT;
+    });
+    menu->addSeparator();
+    add(tr("Choose the font of the text.\nFont..."), "cmd202", [this] { ChooseFontFace(); });
+    add(tr("Choose the size of the text.\nFont Size..."), "cmd203", [this] { ChooseFontSize(); });
+    menu->addSeparator();
+    add(tr("Split text into lines\nSplit into Lines"), "cmd40022", [this] {
+        if (CZevrantView* view = ActiveView()) view->PageCommand(CMD_SPLIT_LINES);
+    });
+    add(tr("Split text into characters\nSplit into Characters"), "cmd40023", [this] {
+        if (CZevrantView* view = ActiveView()) view->PageCommand(CMD_SPLIT_CHARS);
+    });
+}
+
+void CMainFrame::ChooseFontFace() {
+    const QStringList faces = InstalledFontFamilies();
+    const QString current = FixedToQString(&m_WorkAttr.font.szFace);
+    bool ok = false;
+    const QString face =
+        QInputDialog::getItem(this, tr("Font"), tr("Font:"), faces,
+                              std::max(0, static_cast<int>(faces.indexOf(current))), false, &ok);
+    if (!ok || face.isEmpty()) return;
+    QStringToFixed(face, &m_WorkAttr.font.szFace);
+    if (CZevrantView* view = ActiveView()) view->PageCommand(CMD_FONT_FACE, &m_WorkAttr.font);
+}
+
+void CMainFrame::ChooseFontSize() {
+    bool ok = false;
+    const int size = QInputDialog::getInt(this, tr("Font Size"), tr("Size (points):"),
+                                          m_WorkAttr.font.nSize, 1, MAX_TEXT_SIZE, 1, &ok);
+    if (!ok) return;
+    m_WorkAttr.font.nSize = size;
+    const int32_t value = size;
+    if (CZevrantView* view = ActiveView()) view->PageCommand(CMD_FONT_SIZE, &value);
 }
 
 void CMainFrame::ChangePageType(uint32_t type) {

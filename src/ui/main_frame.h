@@ -75,6 +75,9 @@ private:
     void CreateCommandBars();
     void CreateArrangeMenu();
     void CreatePageMenu();
+    void CreateTextMenu();
+    void ChooseFontFace();
+    void ChooseFontSize();
     void ChangePageType(uint32_t type);
     QDockWidget* CreatePane(int id, const QString& title, QWidget* dialog, QSize created,
                             QSize smallest, QSize largest);
