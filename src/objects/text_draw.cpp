@@ -167,13 +167,7 @@ void CQRDObjectText::DropAllLayers() {
 }
 
 void CQRDObjectText::AddDirty(const UstFES& g) {
-    const UstRect r{g.x, g.y, g.x + g.w, g.y + g.h};
-    if (m_rcDirty.Width() <= 0 || m_rcDirty.Height() <= 0) {
-        m_rcDirty = r;
-        return;
-    }
-    m_rcDirty = {std::min(m_rcDirty.left, r.left), std::min(m_rcDirty.top, r.top),
-                 std::max(m_rcDirty.right, r.right), std::max(m_rcDirty.bottom, r.bottom)};
+    m_rcDirty = UnionRect(m_rcDirty, {g.x, g.y, g.x + g.w, g.y + g.h});
 }
 
 void CQRDObjectText::AddDirty(int from, int to) {

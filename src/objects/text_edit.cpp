@@ -466,8 +466,9 @@ int CQRDObjectText::HitCharIndex(int x, int y) const {
         if (px < m_layout.pos[static_cast<size_t>(first)].x) return first;
         const bool lastLine = l == m_layout.nLines - 1;
         const UstCharAttr& lc = m_arrChar[static_cast<size_t>(last)];
-        const float lineRight = m_layout.pos[static_cast<size_t>(last)].x +
-                                static_cast<float>(std::max(lc.nBoxWidth, lc.nAdvance)) * m_fScale;
+        const float lineRight =
+            m_layout.pos[static_cast<size_t>(last)].x +
+            static_cast<float>(std::max(+lc.nBoxWidth, +lc.nAdvance)) * m_fScale;
         if (px >= lineRight) return lastLine && lc.nChar != CHAR_LINE_END ? count : last;
         for (int i = first; i <= last; ++i) {
             const UstCharAttr& c = m_arrChar[static_cast<size_t>(i)];

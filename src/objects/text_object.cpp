@@ -351,19 +351,53 @@ bool CQRDObjectText::ApplyFontBlock(const UstFontBlock& font, bool faceOnly) {
     return changed;
 }
 
+namespace {
+
+void SetMetricField(UstCharAttr& c, uint32_t code, int32_t value) {
+    switch (code) {
+        case CMD_FONT_SIZE:
+            c.font.nSize = value;
+            break;
+        case CMD_TEXT_WIDTH:
+            c.metric.nWidth = value;
+            break;
+        case CMD_TEXT_SPACING:
+            c.metric.nSpacing = value;
+            break;
+        case CMD_TEXT_LEADING:
+            c.metric.nLeading = value;
+            break;
+        default:
+            c.metric.nShear = value;
+    }
+}
+
+int32_t MetricField(const UstCharAttr& c, uint32_t code) {
+    switch (code) {
+        case CMD_FONT_SIZE:
+            return c.font.nSize;
+        case CMD_TEXT_WIDTH:
+            return c.metric.nWidth;
+        case CMD_TEXT_SPACING:
+            return c.metric.nSpacing;
+        case CMD_TEXT_LEADING:
+            return c.metric.nLeading;
+        default:
+            return c.metric.nShear;
+    }
+}
+
+}  // namespace
+
 bool CQRDObjectText::ApplyMetric(uint32_t code, int32_t value) {
     if (code == CMD_FONT_SIZE) value = std::clamp(value, 1, MAX_TEXT_SIZE);
     const auto [from, to] = Range();
     bool changed = false;
     for (int i = from; i < to; ++i) {
         UstCharAttr& c = m_arrChar[static_cast<size_t>(i)];
-        int32_t* field = code == CMD_FONT_SIZE      ? &c.font.nSize
-                         : code == CMD_TEXT_WIDTH   ? &c.metric.nWidth
-                         : code == CMD_TEXT_SPACING ? &c.metric.nSpacing
-                         : code == CMD_TEXT_LEADING ? &c.metric.nLeading
-                                                    : &c.metric.nShear;
-        if (*field == value) continue;
-        *field = value;
+        // The fields are packed: read and write them by value.
+        if (MetricField(c, code) == value) continue;
+        SetMetricField(c, code, value);
         changed = true;
         // Spacing and leading move characters; they do not change them.
         if (code == CMD_TEXT_SPACING || code == CMD_TEXT_LEADING) continue;

@@ -7,21 +7,6 @@
 
 namespace orv {
 
-namespace {
-
-UstRect Union(const UstRect& a, const UstRect& b) {
-    if (a.Width() <= 0 || a.Height() <= 0) return b;
-    if (b.Width() <= 0 || b.Height() <= 0) return a;
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-            std::max(a.bottom, b.bottom)};
-}
-
-UstRect Moved(const UstRect& r, int dx, int dy) {
-    return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
-}
-
-}  // namespace
-
 CPageManager::CPageManager()
     : m_effect(MakeDefaultPageEffect()),
       m_blink(MakeDefaultPageBlink()),
@@ -91,7 +76,7 @@ int CPageManager::Tail() {
 void CPageManager::Redraw(const UstRect& before) {
     RenderCanvas();
     DrawHandles();
-    if (m_pView) m_pView->InvalidateRect(Union(before, SelectionWindowRect()));
+    if (m_pView) m_pView->InvalidateRect(UnionRect(before, SelectionWindowRect()));
 }
 
 void CPageManager::FinishGesture(const UstRect& before) {
@@ -210,7 +195,7 @@ int CPageManager::AlignToEdge(uint32_t id) {
                       : id == CMD_ALIGN_LEFT ? to.left - r.left
                       : id == CMD_ALIGN_TOP  ? to.top - r.top
                                              : to.bottom - r.bottom;
-        moved |= MoveObjectTo(o, horizontal ? Moved(r, d, 0) : Moved(r, 0, d));
+        moved |= MoveObjectTo(o, horizontal ? Offset(r, d, 0) : Offset(r, 0, d));
     }
     if (!moved) return 0;
     RenderCanvas();
@@ -234,7 +219,7 @@ int CPageManager::AlignToPage(uint32_t id) {
         if (id == CMD_TO_RIGHT) dx = w - inset - r.right;
         if (id == CMD_TO_TOP) dy = inset - r.top;
         if (id == CMD_TO_BOTTOM) dy = h - inset - r.bottom;
-        moved |= MoveObjectTo(o, Moved(r, dx, dy));
+        moved |= MoveObjectTo(o, Offset(r, dx, dy));
     }
     if (!moved) return 0;
     RenderCanvas();
@@ -469,7 +454,7 @@ void CPageManager::SelectOnly(CQRDObject* object) {
 UstRect CPageManager::SelectionWindowRect() const {
     UstRect all;
     for (const CQRDObject* o : m_selection)
-        all = Union(all, o->GetInvalidRect());
+        all = UnionRect(all, o->GetInvalidRect());
     return all;
 }
 

@@ -6,17 +6,6 @@
 
 namespace orv {
 
-namespace {
-
-UstRect Union(const UstRect& a, const UstRect& b) {
-    if (a.Width() <= 0 || a.Height() <= 0) return b;
-    if (b.Width() <= 0 || b.Height() <= 0) return a;
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-            std::max(a.bottom, b.bottom)};
-}
-
-}  // namespace
-
 void CPageManager::ScrollToShow(const UstRect& r) {
     if (!IsScrollPage()) return;
     const UstPoint s = GetScrollOrigin();
@@ -40,7 +29,7 @@ void CPageManager::RedrawAll(const UstRect& before) {
     RenderCanvasExcept(edited);
     if (edited) edited->Draw();
     DrawHandles();
-    if (m_pView) m_pView->InvalidateRect(Union(before, SelectionWindowRect()));
+    if (m_pView) m_pView->InvalidateRect(UnionRect(before, SelectionWindowRect()));
 }
 
 void CPageManager::RedrawEditing(const UstRect& windowBefore) {
@@ -69,7 +58,8 @@ void CPageManager::RedrawEditing(const UstRect& windowBefore) {
         if (edited) edited->Draw();
     }
     if (m_pView)
-        m_pView->InvalidateRect(Union(windowBefore, edited ? edited->GetInvalidRect() : UstRect{}));
+        m_pView->InvalidateRect(
+            UnionRect(windowBefore, edited ? edited->GetInvalidRect() : UstRect{}));
 }
 
 void CPageManager::EndTextEdit() {

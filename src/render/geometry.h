@@ -33,6 +33,14 @@ inline bool Contains(const UstRect& r, int x, int y) {
     return x >= r.left && x < r.right && y >= r.top && y < r.bottom;
 }
 
+// The smallest rectangle holding both; an empty one adds nothing.
+inline UstRect UnionRect(const UstRect& a, const UstRect& b) {
+    if (a.Width() <= 0 || a.Height() <= 0) return b;
+    if (b.Width() <= 0 || b.Height() <= 0) return a;
+    return {a.left < b.left ? a.left : b.left, a.top < b.top ? a.top : b.top,
+            a.right > b.right ? a.right : b.right, a.bottom > b.bottom ? a.bottom : b.bottom};
+}
+
 // Whether the two rectangles share any pixel.
 inline bool Meets(const UstRect& a, const UstRect& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;

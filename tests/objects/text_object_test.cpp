@@ -50,9 +50,9 @@ TEST_F(TextEdit, TypingInsertsAtTheCaretWithTheWorkingLook) {
     Type("!");
     EXPECT_EQ(Plain(), "H!i");
     EXPECT_EQ(text->m_nCaret, 2);
-    EXPECT_EQ(text->Chars()[0].clrFill, 0xFF00FF00u);
-    EXPECT_EQ(text->Chars()[0].bBlink, 0u);
-    EXPECT_GT(text->Chars()[0].nAdvance, 0);
+    EXPECT_EQ(+text->Chars()[0].clrFill, 0xFF00FF00u);
+    EXPECT_EQ(+text->Chars()[0].bBlink, 0u);
+    EXPECT_GT(+text->Chars()[0].nAdvance, 0);
 }
 
 TEST_F(TextEdit, SymbolFacesDoNotCarryIntoTyping) {
@@ -62,7 +62,7 @@ TEST_F(TextEdit, SymbolFacesDoNotCarryIntoTyping) {
     Type("a");
     const UstCharAttr& c = text->Chars()[0];
     EXPECT_EQ(FixedToQString(&c.font.szFace), "DejaVu Sans");
-    EXPECT_EQ(c.font.nSize, 72);  // the default block, not the working one
+    EXPECT_EQ(+c.font.nSize, 72);  // the default block, not the working one
 }
 
 TEST_F(TextEdit, SymbolCodesFixTheirFonts) {
@@ -70,12 +70,12 @@ TEST_F(TextEdit, SymbolCodesFixTheirFonts) {
     text->InsertSymbol(0x41, 2712);
     const UstCharAttr& w = text->Chars()[0];
     EXPECT_EQ(FixedToQString(&w.font.szFace), "Wingdings");
-    EXPECT_EQ(w.font.nCharSet, 2);
-    EXPECT_EQ(w.font.nPitchFamily, 2);
+    EXPECT_EQ(+w.font.nCharSet, 2);
+    EXPECT_EQ(+w.font.nPitchFamily, 2);
     const uint32_t arg = 0xAC00u | (2702u << 16);
     EXPECT_TRUE(text->Execute(&arg, CMD_SYMBOL));
     const UstCharAttr& h = text->Chars()[1];
-    EXPECT_EQ(h.font.nCharSet, 129);
+    EXPECT_EQ(+h.font.nCharSet, 129);
     // The brush-script face is not on this system: an installed Hangul face
     // of the same style stands in.
     EXPECT_NE(FixedToQString(&h.font.szFace), QStringLiteral("궁서"));
@@ -240,7 +240,7 @@ TEST_F(TextEdit, SelectionPacksAloneAndPastesIntoAnEditedText) {
     CByteReader again(out.Bytes());
     ASSERT_TRUE(text->LoadState(again, 1));
     EXPECT_EQ(Plain(), "ab\refcd\ref");
-    EXPECT_EQ(text->Chars()[3].font.nSize, 72);
+    EXPECT_EQ(+text->Chars()[3].font.nSize, 72);
 }
 
 TEST_F(TextEdit, ArchiveKeepsEverythingAndReplacesMissingFaces) {
@@ -262,7 +262,7 @@ TEST_F(TextEdit, ArchiveKeepsEverythingAndReplacesMissingFaces) {
     EXPECT_EQ(back.m_nAngle, 30);
     EXPECT_FLOAT_EQ(back.m_fStoreX, text->m_fStoreX);
     EXPECT_EQ(FixedToQString(&back.Chars()[0].font.szFace), "DejaVu Sans");
-    EXPECT_NE(back.Chars()[0].nAdvance, 999);  // measured again
+    EXPECT_NE(+back.Chars()[0].nAdvance, 999);  // measured again
     EXPECT_EQ(std::memcmp(&back.Chars()[1], &text->Chars()[1], sizeof(UstCharAttr)), 0);
     CByteReader cut(out.Bytes().data(), out.Size() - 50);
     CQRDObjectText broken(&page);
@@ -294,8 +294,8 @@ TEST_F(TextEdit, ColourOfASelectionTouchesOnlyItsLayers) {
     red.nType = 0;
     red.clrSolid = 0xFFFF0000u;
     ASSERT_TRUE(text->Execute(&red, CMD_BODY_PAINT));
-    EXPECT_EQ(text->Chars()[6].clrFill, 0xFFFF0000u);
-    EXPECT_EQ(text->Chars()[0].clrFill, 0xFFFFFFFFu);
+    EXPECT_EQ(+text->Chars()[6].clrFill, 0xFFFF0000u);
+    EXPECT_EQ(+text->Chars()[0].clrFill, 0xFFFFFFFFu);
     EXPECT_EQ(text->Glyphs()[0].pLayer[UstFES::FACE], untouched);
     EXPECT_FALSE(text->Glyphs()[6].Rendered());
     // A gradient is the whole object's: every layer goes.
@@ -316,7 +316,7 @@ TEST_F(TextEdit, MetricCommandsOnTheRange) {
     const int advance = text->Chars()[0].nAdvance;
     const int32_t spacing = 20;
     ASSERT_TRUE(text->Execute(&spacing, CMD_TEXT_SPACING));
-    EXPECT_EQ(text->Chars()[0].nAdvance, advance);  // no re-measuring for spacing
+    EXPECT_EQ(+text->Chars()[0].nAdvance, advance);  // no re-measuring for spacing
     EXPECT_NEAR(text->Layout().pos[1].x - text->Layout().pos[0].x,
                 advance + 20 + text->Chars()[1].nOriginX - text->Chars()[0].nOriginX, 0.01);
     const int32_t angle = 0;
@@ -339,10 +339,10 @@ TEST_F(TextEdit, AStyleWithAMissingFaceChangesOnlySizeAndColour) {
     QStringToFixed(QStringLiteral("Not Installed Anywhere"), &style.character.font.szFace);
     style.effect.nOutline = 3;
     ASSERT_TRUE(text->Execute(&style, CMD_TEXT_STYLE));
-    EXPECT_EQ(text->Chars()[1].font.nSize, 30);
-    EXPECT_EQ(text->Chars()[1].clrFill, 0xFF123456u);
+    EXPECT_EQ(+text->Chars()[1].font.nSize, 30);
+    EXPECT_EQ(+text->Chars()[1].clrFill, 0xFF123456u);
     EXPECT_EQ(FixedToQString(&text->Chars()[1].font.szFace), "DejaVu Sans");
-    EXPECT_EQ(text->m_effect.nOutline, 3);
+    EXPECT_EQ(+text->m_effect.nOutline, 3);
     QStringToFixed(QStringLiteral("DejaVu Serif"), &style.character.font.szFace);
     text->Execute(&style, CMD_TEXT_STYLE);
     EXPECT_EQ(FixedToQString(&text->Chars()[1].font.szFace), "DejaVu Serif");
@@ -358,15 +358,15 @@ TEST_F(TextEdit, SizingByHandlesFitsTheText) {
     text->FitToRect(before, taller);
     // Twice the height doubles the size; the width stays, so the letters
     // are drawn at half their width.
-    EXPECT_EQ(text->Chars()[0].font.nSize, 144);
-    EXPECT_NEAR(text->Chars()[0].metric.nWidth, 50, 3);
+    EXPECT_EQ(+text->Chars()[0].font.nSize, 144);
+    EXPECT_NEAR(+text->Chars()[0].metric.nWidth, 50, 3);
     EXPECT_NEAR(text->m_rcView.Width(), before.Width(), before.Width() / 10);
     UstRect narrow = text->m_rcView;
     narrow.right = narrow.left + narrow.Width() / 2;
     const UstRect wide = text->m_rcView;
     text->FitToRect(wide, narrow);
-    EXPECT_EQ(text->Chars()[0].font.nSize, 144);
-    EXPECT_NEAR(text->Chars()[0].metric.nWidth, 25, 3);
+    EXPECT_EQ(+text->Chars()[0].font.nSize, 144);
+    EXPECT_NEAR(+text->Chars()[0].metric.nWidth, 25, 3);
     EXPECT_NEAR(text->m_rcView.Width(), narrow.Width(), narrow.Width() / 10);
 }
 
@@ -379,8 +379,8 @@ TEST_F(TextEdit, JunkSizesAndLongTextsStayWhole) {
     junk += QChar(0);
     Type(junk);
     for (const UstCharAttr& c : text->Chars()) {
-        EXPECT_TRUE(c.nChar >= 32 || c.nChar == 13) << c.nChar;
-        EXPECT_FALSE(c.nChar >= 0xD800 && c.nChar <= 0xDFFF);
+        EXPECT_TRUE(+c.nChar >= 32 || +c.nChar == 13) << +c.nChar;
+        EXPECT_FALSE(+c.nChar >= 0xD800 && +c.nChar <= 0xDFFF);
     }
     text->MoveCaret(CARET_END, true);
     text->DeleteSelection();
@@ -392,7 +392,7 @@ TEST_F(TextEdit, JunkSizesAndLongTextsStayWhole) {
     EXPECT_EQ(text->CharCount() >= 7, true);
     const int32_t size = 5000;  // out of range: held to the largest size
     text->Execute(&size, CMD_FONT_SIZE);
-    EXPECT_EQ(text->Chars().back().font.nSize, 1001);
+    EXPECT_EQ(+text->Chars().back().font.nSize, 1001);
 
     CQRDObjectText big(&page);
     big.BeginEdit(0, 100, false);

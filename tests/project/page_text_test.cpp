@@ -77,8 +77,8 @@ TEST_F(PageText, LookCommandsReachOnlySelectedTexts) {
     page->m_bModified = 0;
     const int32_t size = 20;
     EXPECT_EQ(page->ExecCommand(&size, CMD_FONT_SIZE), 1);
-    EXPECT_EQ(a->Chars()[0].font.nSize, 20);
-    EXPECT_EQ(b->Chars()[0].font.nSize, 72);
+    EXPECT_EQ(+a->Chars()[0].font.nSize, 20);
+    EXPECT_EQ(+b->Chars()[0].font.nSize, 72);
     EXPECT_EQ(page->m_bModified, 1);
     EXPECT_EQ(page->ExecCommand(&size, CMD_FONT_SIZE), 0);  // no change, no tail
     page->ClearSelection();

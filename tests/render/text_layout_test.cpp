@@ -153,40 +153,40 @@ TEST(MeasureChar, BlanksLineEndsAndThePointScale) {
     EXPECT_EQ(PixelHeight(72, 1.0f), 96);
     EXPECT_EQ(PixelHeight(72, 0.5f), 48);
     const UstCharAttr space = Real(' ', 72);
-    EXPECT_EQ(space.nBoxHeight, 96);
-    EXPECT_EQ(space.nOriginY, 82);
-    EXPECT_EQ(space.nOriginX, 0);
-    EXPECT_GT(space.nAdvance, 0);
-    EXPECT_EQ(space.nBoxWidth, space.nAdvance);
+    EXPECT_EQ(+space.nBoxHeight, 96);
+    EXPECT_EQ(+space.nOriginY, 82);
+    EXPECT_EQ(+space.nOriginX, 0);
+    EXPECT_GT(+space.nAdvance, 0);
+    EXPECT_EQ(+space.nBoxWidth, +space.nAdvance);
     const UstCharAttr end = Real(13, 72);
-    EXPECT_EQ(end.nBoxWidth, 0);
-    EXPECT_EQ(end.nAdvance, 0);
-    EXPECT_EQ(end.nBoxHeight, 96);
-    EXPECT_EQ(end.nOriginY, 82);
+    EXPECT_EQ(+end.nBoxWidth, 0);
+    EXPECT_EQ(+end.nAdvance, 0);
+    EXPECT_EQ(+end.nBoxHeight, 96);
+    EXPECT_EQ(+end.nOriginY, 82);
 }
 
 TEST(MeasureChar, WidthShearAndLimits) {
     const UstCharAttr plain = Real('H', 72);
-    ASSERT_GT(plain.nBoxWidth, 0);
-    EXPECT_GT(plain.nBoxHeight, 40);
-    EXPECT_GT(plain.nOriginY, 40);
+    ASSERT_GT(+plain.nBoxWidth, 0);
+    EXPECT_GT(+plain.nBoxHeight, 40);
+    EXPECT_GT(+plain.nOriginY, 40);
     UstCharAttr doubled = plain;
     doubled.metric.nWidth = 200;
     MeasureChar(doubled, true);
-    EXPECT_NEAR(doubled.nAdvance, 2 * plain.nAdvance, 3);
+    EXPECT_NEAR(+doubled.nAdvance, 2 * +plain.nAdvance, 3);
     MeasureChar(doubled, false);  // without metrics the width counts as 100
-    EXPECT_EQ(doubled.nAdvance, plain.nAdvance);
+    EXPECT_EQ(+doubled.nAdvance, +plain.nAdvance);
     UstCharAttr slanted = plain;
     slanted.metric.nShear = 5;
     MeasureChar(slanted, true);
-    EXPECT_GT(slanted.nBoxWidth, plain.nBoxWidth + 10);
+    EXPECT_GT(+slanted.nBoxWidth, +plain.nBoxWidth + 10);
     // The extremes of the size range and a character no face has.
-    EXPECT_GT(Real('H', 1).nBoxHeight, 0);
-    EXPECT_GT(Real('H', 1001).nBoxHeight, 900);  // a cap height of 1,335 em pixels
+    EXPECT_GT(+Real('H', 1).nBoxHeight, 0);
+    EXPECT_GT(+Real('H', 1001).nBoxHeight, 900);  // a cap height of 1,335 em pixels
     const UstCharAttr missing = Real(0xE123, 72);
-    EXPECT_GE(missing.nAdvance, 0);
+    EXPECT_GE(+missing.nAdvance, 0);
     const UstCharAttr noFace = Real('H', 72, u"No Such Face At All");
-    EXPECT_GT(noFace.nBoxWidth, 0);  // the engine's nearest face stands in
+    EXPECT_GT(+noFace.nBoxWidth, 0);  // the engine's nearest face stands in
 }
 
 TEST(MeasureChar, CharBoxGrowsByTheEffect) {
@@ -195,12 +195,12 @@ TEST(MeasureChar, CharBoxGrowsByTheEffect) {
     const UstRect bare = GetCharBox(10.4f, 20.6f, c, none, 1.0f, 1.0f);
     EXPECT_EQ(bare.left, 10);
     EXPECT_EQ(bare.top, 21);
-    EXPECT_EQ(bare.Width(), c.nBoxWidth);
+    EXPECT_EQ(bare.Width(), +c.nBoxWidth);
     UstEffect edged{};
     edged.nEdge = 3;  // a band of 4
     const UstRect grown = GetCharBox(10.4f, 20.6f, c, edged, 1.0f, 1.0f);
     EXPECT_EQ(grown.left, 6);
-    EXPECT_EQ(grown.Width(), c.nBoxWidth + 8);
+    EXPECT_EQ(grown.Width(), +c.nBoxWidth + 8);
 }
 
 }  // namespace
