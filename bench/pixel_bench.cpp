@@ -10,6 +10,8 @@
 // "target"; the process exits with status 1 if a ratio misses its target.
 #include <benchmark/benchmark.h>
 
+#include "best_time.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -44,20 +46,6 @@ Blocks& Data() {
     static Blocks blocks;
     return blocks;
 }
-
-// The best of several timed runs: what the operation costs when nothing
-// else gets in its way.
-double BestSeconds(const std::function<void()>& f, int runs = 30) {
-    double best = 1e9;
-    for (int i = 0; i < runs; ++i) {
-        const auto t0 = std::chrono::steady_clock::now();
-        f();
-        const std::chrono::duration<double> d = std::chrono::steady_clock::now() - t0;
-        best = std::min(best, d.count());
-    }
-    return best;
-}
-
 void CopyFrame() {
     Blocks& d = Data();
     std::memcpy(d.c.data(), d.a.data(), N * 4);

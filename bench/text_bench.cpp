@@ -4,6 +4,8 @@
 // Target: at most 0.2. The process exits with status 1 if it misses.
 #include <benchmark/benchmark.h>
 
+#include "best_time.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -34,17 +36,6 @@ public:
     std::vector<uint32_t> canvas;
     UstEnv env;
 };
-
-double BestSeconds(const std::function<void()>& f, int runs) {
-    double best = 1e9;
-    for (int i = 0; i < runs; ++i) {
-        const auto t0 = std::chrono::steady_clock::now();
-        f();
-        const std::chrono::duration<double> d = std::chrono::steady_clock::now() - t0;
-        best = std::min(best, d.count());
-    }
-    return best;
-}
 
 bool g_missed = false;
 

@@ -402,7 +402,7 @@ void CQRDObjectText::MoveCaret(int direction, bool shift) {
     }
     const UstRect before = WindowRect();
     if (shift)
-        ExtendSelection(direction, old);
+        ExtendSelection(old);
     else
         ClearSelection();
     BuildSelectionBars();
@@ -413,7 +413,7 @@ void CQRDObjectText::MoveCaret(int direction, bool shift) {
 
 // With Shift the end of the selection that stood at the anchor follows the
 // caret; a fresh selection spans anchor and caret.
-void CQRDObjectText::ExtendSelection(int /*direction*/, int oldCaret) {
+void CQRDObjectText::ExtendSelection(int oldCaret) {
     if (!HasSelection()) {
         m_nSelStart = std::min(oldCaret, m_nCaret);
         m_nSelEnd = std::max(oldCaret, m_nCaret);

@@ -186,7 +186,7 @@ private:
     void UpdateCaret();
     void PublishCaretLook();
     void ClearSelection();
-    void ExtendSelection(int direction, int oldCaret);
+    void ExtendSelection(int oldCaret);
     int VerticalTarget(bool up) const;
     float CaretX(int index) const;
     void BuildSelectionBars();
@@ -211,8 +211,6 @@ private:
     UstRect m_rcDirty;  // page pixels at the zoom that changed since the last draw
     bool m_bDirtyAll = true;
     std::vector<uint32_t> m_pRotated;  // the upright text for drawing turned
-    UstRect m_rcRotated;
-    std::vector<uint32_t> m_composition;  // what the running composition shows
 };
 
 }  // namespace orv
