@@ -4,13 +4,11 @@
 #include <QImage>
 #include <QPainter>
 
-#include <map>
-#include <string>
-
 #include "objects/text_object.h"
 #include "render/glyph_font.h"
 #include "render/pixels.h"
 #include "render/render_graphics.h"
+#include "render/text_image.h"
 #include "render/text_measure.h"
 
 namespace orv {
@@ -19,83 +17,9 @@ namespace {
 
 constexpr UstFES::Layer STACKING[] = {UstFES::SHADOW, UstFES::OUTLINE, UstFES::EDGE, UstFES::FACE};
 
-// Characters that would render the same pixels: same code, font, width,
-// shear and colour, with solid paints only.
-std::string ShareKey(const UstCharAttr& c) {
-    std::string key;
-    auto add = [&key](const void* p, size_t n) { key.append(static_cast<const char*>(p), n); };
-    add(&c.nChar, sizeof c.nChar);
-    add(&c.font, sizeof c.font);
-    add(&c.metric.nWidth, sizeof c.metric.nWidth);
-    add(&c.metric.nShear, sizeof c.metric.nShear);
-    add(&c.clrFill, sizeof c.clrFill);
-    return key;
-}
-
-bool SolidPaints(const UstAttr& attr) {
-    for (int i = 0; i < 4; ++i)
-        if (attr.fill[i].nType != 0) return false;
-    return true;
-}
-
-// The face of one character, filled with its colour, on a block the size
-// of all its layers would take.
-UstFES RenderPlainFace(const UstCharAttr& c, UstCharPos pos, const UstEffect& effect, float scale) {
-    UstFES g;
-    UstLogFont lf;
-    int w = 0, h = 0;
-    MeasureCharScaled(c, scale, scale, &w, &h, &lf);
-    LayerRects rc;
-    g.faceX = RoundToInt(pos.x);
-    g.faceY = RoundToInt(pos.y);
-    ComputeLayerRects(g.faceX, g.faceY, w, h, effect, scale, scale, false, rc);
-    g.x = rc.canvasX, g.y = rc.canvasY;
-    g.w = std::max(1, rc.canvasWidth), g.h = std::max(1, rc.canvasHeight);
-    UstLayerBlock block(new uint32_t[static_cast<size_t>(g.w) * g.h]());
-    QImage image(reinterpret_cast<uchar*>(block.get()), g.w, g.h, g.w * 4,
-                 QImage::Format_ARGB32_Premultiplied);
-    GlyphFont font;
-    if (w > 0 && h > 0 && font.SetFont(lf)) {
-        QPainterPath path;
-        font.AddGlyph(path, c.nChar, static_cast<float>(g.faceX - g.x),
-                      static_cast<float>(g.faceY - g.y), c.metric.nShear);
-        const auto painter = CreateRenderGraphics(image, true);
-        painter->fillPath(path, QColor::fromRgba(c.clrFill));
-    }
-    g.pLayer[UstFES::FACE] = std::move(block);
-    return g;
-}
-
-// Renders what is missing; equal characters share one set of blocks.
-int RenderGlyphs(const std::vector<UstCharAttr>& chars, const UstTextLayout& layout,
-                 std::vector<UstFES>& glyphs, const UstAttr& attr, const UstEffect& effect,
-                 float scale) {
-    const bool share = SolidPaints(attr);
-    std::map<std::string, size_t> made;
-    int rendered = 0;
-    for (size_t i = 0; i < chars.size(); ++i) {
-        const UstCharAttr& c = chars[i];
-        if (IsBlankChar(c.nChar)) continue;
-        UstFES& g = glyphs[i];
-        const std::string key = share ? ShareKey(c) : std::string();
-        if (g.Rendered()) {
-            if (share) made.emplace(key, i);
-            continue;
-        }
-        const UstCharPos pos = layout.pos[i];
-        const auto it = share ? made.find(key) : made.end();
-        if (it != made.end()) {
-            const UstFES& twin = glyphs[it->second];
-            g = twin;
-            g.faceX = RoundToInt(pos.x), g.faceY = RoundToInt(pos.y);
-            g.x = twin.x + g.faceX - twin.faceX, g.y = twin.y + g.faceY - twin.faceY;
-            continue;
-        }
-        g = RenderPlainFace(c, pos, effect, scale);
-        ++rendered;
-        if (share) made.emplace(key, i);
-    }
-    return rendered;
+QImage WrapCanvas(uint32_t* bits, int width, int height) {
+    return QImage(reinterpret_cast<uchar*>(bits), width, height, width * 4,
+                  QImage::Format_ARGB32_Premultiplied);
 }
 
 void InvertFrame(uint32_t* bits, int width, int height, const UstRect& r) {
@@ -135,11 +59,10 @@ void CQRDObjectText::Relayout() {
         const int fx = RoundToInt(m_layout.pos[i].x), fy = RoundToInt(m_layout.pos[i].y);
         if (fx == g.faceX && fy == g.faceY) continue;
         AddDirty(g);
-        g.x += fx - g.faceX, g.y += fy - g.faceY;
-        g.faceX = fx, g.faceY = fy;
+        g.Move(fx - g.faceX, fy - g.faceY);
         AddDirty(g);
     }
-    m_pRotated.clear();
+    m_pRotated.Reset();
     m_rcLaid = m_rcView;
     SyncStored();
     RecalcHandles();
@@ -157,12 +80,12 @@ void CQRDObjectText::SyncStored() {
 void CQRDObjectText::DropLayers(int from, int to) {
     for (int i = std::max(0, from); i < to && i < static_cast<int>(m_arrGlyph.size()); ++i)
         m_arrGlyph[static_cast<size_t>(i)] = UstFES{};
-    m_pRotated.clear();
+    m_pRotated.Reset();
 }
 
 void CQRDObjectText::DropAllLayers() {
     m_arrGlyph.assign(m_arrChar.size(), UstFES{});
-    m_pRotated.clear();
+    m_pRotated.Reset();
     m_bDirtyAll = true;
 }
 
@@ -182,7 +105,11 @@ void CQRDObjectText::RenderMissingLayers() {
     std::vector<bool> had(m_arrGlyph.size());
     for (size_t i = 0; i < m_arrGlyph.size(); ++i)
         had[i] = m_arrGlyph[i].Rendered();
-    m_nRendered += RenderGlyphs(m_arrChar, m_layout, m_arrGlyph, m_attr, m_effect, m_fScale);
+    const int rendered =
+        RenderTextLayers(m_arrChar.data(), CharCount(), m_arrGlyph, m_layout.pos.data(), m_effect,
+                         m_attr, m_fScale, m_fScale);
+    if (rendered > 0) m_pRotated.Reset();
+    m_nRendered += rendered;
     for (size_t i = 0; i < m_arrGlyph.size(); ++i)
         if (!had[i] && m_arrGlyph[i].Rendered()) AddDirty(m_arrGlyph[i]);
 }
@@ -206,8 +133,9 @@ void CQRDObjectText::DrawClipped(const UstRect& canvasArea) {
         canvasArea.Height() <= 0)
         return;
     const UstPoint s = m_pPage->GetScrollOrigin();
-    DrawLayers(m_pPage->GetCanvasBits(), m_pPage->GetCanvasWidth(), m_pPage->GetCanvasHeight(),
-               QPoint(-s.x, -s.y), m_arrGlyph, Offset(m_rcView, -s.x, -s.y), canvasArea.ToQRect());
+    QImage canvas =
+        WrapCanvas(m_pPage->GetCanvasBits(), m_pPage->GetCanvasWidth(), m_pPage->GetCanvasHeight());
+    DrawLayers(canvas, QPoint(-s.x, -s.y), m_arrGlyph, canvasArea.ToQRect());
 }
 
 // The canvas moved the rectangle by itself (a drag): the text follows.
@@ -228,18 +156,41 @@ void CQRDObjectText::Draw() {
     m_bDirtyAll = false;
     const UstPoint s = m_pPage->GetScrollOrigin();
     const int w = m_pPage->GetCanvasWidth(), h = m_pPage->GetCanvasHeight();
-    DrawLayers(m_pPage->GetCanvasBits(), w, h, QPoint(-s.x, -s.y), m_arrGlyph,
-               Offset(m_rcView, -s.x, -s.y));
+    QImage canvas = WrapCanvas(m_pPage->GetCanvasBits(), w, h);
+    DrawKept(canvas, QPoint(-s.x, -s.y));
     if (IsEditing()) DrawSelectionBars(m_pPage->GetCanvasBits(), w, h);
+}
+
+void CQRDObjectText::DrawKept(QImage& canvas, QPoint shift) {
+    if (m_nAngle % 360 == 0) {
+        DrawLayers(canvas, shift, m_arrGlyph);
+        return;
+    }
+    // Turned, the text is stacked upright once and drawn as one image.
+    if (!m_pRotated.Made())
+        StackTextImage(m_arrChar.data(), CharCount(), m_arrGlyph,
+                       TextExtent(m_arrChar.data(), CharCount(), m_arrGlyph), m_nAngle, m_pRotated);
+    QPainter painter(&canvas);
+    painter.drawImage(QPoint(m_pRotated.x, m_pRotated.y) + shift, m_pRotated.Wrap());
 }
 
 void CQRDObjectText::DrawTo(uint32_t* bits, int width, int height) {
     if (!bits || m_arrChar.empty()) return;
-    UstRect rect;
-    const UstTextLayout layout = StoredLayout(&rect);
-    std::vector<UstFES> glyphs(m_arrChar.size());
-    RenderGlyphs(m_arrChar, layout, glyphs, m_attr, m_effect, 1.0f);
-    DrawLayers(bits, width, height, QPoint(0, 0), glyphs, rect);
+    QImage canvas = WrapCanvas(bits, width, height);
+    if (m_fScale == 1.0f && m_rcView == m_rcLaid) {
+        // At full zoom the canvas's layers are the page's own.
+        RenderMissingLayers();
+        DrawKept(canvas, QPoint(0, 0));
+        return;
+    }
+    const UstTextLayout layout = StoredLayout();
+    std::vector<UstFES> glyphs;
+    ObjectImage image;
+    RenderTextImage(m_arrChar.data(), CharCount(), glyphs, layout.pos.data(), m_effect, m_attr,
+                    1.0f, 1.0f, m_nAngle, &image);
+    if (image.width <= 0 || image.height <= 0) return;
+    QPainter painter(&canvas);
+    painter.drawImage(QPoint(image.x, image.y), image.Wrap());
 }
 
 UstTextLayout CQRDObjectText::StoredLayout(UstRect* rect) const {
@@ -250,24 +201,13 @@ UstTextLayout CQRDObjectText::StoredLayout(UstRect* rect) const {
     return layout;
 }
 
-void CQRDObjectText::DrawLayers(uint32_t* bits, int width, int height, QPoint shift,
-                                const std::vector<UstFES>& glyphs, const UstRect& turnAbout,
+// Every shadow under every outline, edge and face, each character straight
+// from its blocks; characters outside the visible part are skipped.
+void CQRDObjectText::DrawLayers(QImage& canvas, QPoint shift, const std::vector<UstFES>& glyphs,
                                 const QRect& clip) const {
-    QImage canvas(reinterpret_cast<uchar*>(bits), width, height, width * 4,
-                  QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&canvas);
-    if (!clip.isEmpty()) painter.setClipRect(clip);
-    if (m_nAngle % 360 != 0) {
-        // Until the whole text is rendered upright and turned as one image.
-        const QPointF centre((turnAbout.left + turnAbout.right) / 2.0,
-                             (turnAbout.top + turnAbout.bottom) / 2.0);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.translate(centre);
-        painter.rotate(m_nAngle);
-        painter.translate(-centre);
-    }
-    const QRect visible = painter.transform().inverted().mapRect(
-        clip.isEmpty() ? QRect(0, 0, width, height) : clip.intersected(QRect(0, 0, width, height)));
+    const QRect visible = clip.isEmpty() ? canvas.rect() : clip.intersected(canvas.rect());
+    painter.setClipRect(visible);
     for (const UstFES::Layer layer : STACKING)
         for (size_t i = 0; i < glyphs.size() && i < m_arrChar.size(); ++i) {
             const UstFES& g = glyphs[i];

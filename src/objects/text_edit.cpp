@@ -100,7 +100,7 @@ void CQRDObjectText::BeginEdit(int x, int y, bool selectAll) {
     s_pEditing = this;
     ClearSelection();
     m_bDragging = 0;
-    m_pRotated.clear();
+    m_pRotated.Reset();
     m_nImeState = 0;
     m_nCompLen = 0;
     if (!m_arrChar.empty()) {

@@ -131,7 +131,7 @@ void CQRDObjectText::AfterLoad() {
 
 void CQRDObjectText::ReleaseCache() {
     DropAllLayers();
-    m_pRotated.clear();
+    m_pRotated.Reset();
 }
 
 void CQRDObjectText::OnZoom() {
@@ -448,7 +448,7 @@ bool CQRDObjectText::ApplyStyle(const UstText& style) {
 bool CQRDObjectText::SetRotation(int32_t angle) {
     if (angle == m_nAngle) return false;
     m_nAngle = angle;
-    m_pRotated.clear();
+    m_pRotated.Reset();
     UpdateStored(true);
     RecalcHandles();
     return true;

@@ -12,6 +12,7 @@
 
 #include "objects/qrd_object.h"
 #include "objects/text_host.h"
+#include "render/object_image.h"
 #include "render/text_layout.h"
 #include "render/text_records.h"
 
@@ -171,8 +172,8 @@ private:
     void DropLayers(int from, int to);
     void DropAllLayers();
     void RenderMissingLayers();
-    void DrawLayers(uint32_t* bits, int width, int height, QPoint shift,
-                    const std::vector<UstFES>& glyphs, const UstRect& turnAbout,
+    void DrawKept(QImage& canvas, QPoint shift);
+    void DrawLayers(QImage& canvas, QPoint shift, const std::vector<UstFES>& glyphs,
                     const QRect& clip = {}) const;
     void AddDirty(const UstFES& g);
     void AddDirty(int from, int to);
@@ -210,7 +211,7 @@ private:
     UstRect m_rcLaid;   // the rectangle the positions were laid out for
     UstRect m_rcDirty;  // page pixels at the zoom that changed since the last draw
     bool m_bDirtyAll = true;
-    std::vector<uint32_t> m_pRotated;  // the upright text for drawing turned
+    ObjectImage m_pRotated;  // the whole text stacked and turned; unmade when stale
 };
 
 }  // namespace orv

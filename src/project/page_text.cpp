@@ -100,7 +100,11 @@ int CPageManager::LookCommand(const void* arg, uint32_t id) {
     const UstRect before = SelectionWindowRect();
     for (CQRDObject* o : m_selection)
         o->Execute(arg, id);
-    RedrawAll(before);
+    // Colouring characters of the text under edit redraws only them.
+    if (m_selection.size() == 1 && m_selection.front() == EditedText())
+        RedrawEditing(before);
+    else
+        RedrawAll(before);
     return Tail();
 }
 

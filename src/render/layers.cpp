@@ -259,6 +259,19 @@ void UstScratchSet::Prepare(int width, int height) {
                     QImage::Format_ARGB32_Premultiplied);
 }
 
+void MakeLayerBrushes(UstScratchSet& s, const UstFill& face, const UstAttr& attr,
+                      const LayerRects& rc, const QPainterPath* path, float xScale, float yScale,
+                      int shadowType) {
+    CreateFillBrush(s.face, face, rc.rcFace, path, xScale, yScale);
+    if (rc.edge > 0)
+        CreateFillBrush(s.edge, attr.fill[UstAttr::EDGE], rc.rcInner, path, xScale, yScale);
+    if (rc.outline > 0)
+        CreateFillBrush(s.outline, attr.fill[UstAttr::OUTLINE], rc.rcStroke, path, xScale, yScale);
+    if (rc.shadowDx != 0 || rc.shadowDy != 0)
+        CreateFillBrush(s.shadow, attr.fill[UstAttr::SHADOW],
+                        shadowType == SHADOW_DRAG ? rc.rcUnion : rc.rcShadow, path, xScale, yScale);
+}
+
 void RenderFace(UstScratchSet& scratch, const QPainterPath& path, QPainter& graphics) {
     graphics.fillPath(path, scratch.face.brush);
 }

@@ -47,6 +47,13 @@ struct UstScratchSet {
     uint32_t* B() { return blockB.data(); }
 };
 
+// Makes the brushes of the layers the rectangles ask for: the face over the
+// face, the edge over the inner band, the outline over the stroke, the
+// shadow over the union for a "Drag" shadow and its own box for a "Drop".
+void MakeLayerBrushes(UstScratchSet& scratch, const UstFill& face, const UstAttr& attr,
+                      const LayerRects& rects, const QPainterPath* path, float xScale, float yScale,
+                      int shadowType);
+
 // A layer block with the graphics the passes draw through.
 struct UstLayerTarget {
     uint32_t* bits;

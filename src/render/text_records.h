@@ -7,6 +7,7 @@
 
 #include "render/attr_records.h"
 #include "render/font_records.h"
+#include "render/geometry.h"
 
 namespace orv {
 
@@ -75,7 +76,12 @@ struct UstFES {
     // The rounded face position the blocks were made for: a character that
     // only moves keeps its blocks and moves them by the same amount.
     int32_t faceX = 0, faceY = 0;
+    UstRect rcStroke;  // the face grown by the edge and outline, page pixels
     bool Rendered() const { return pLayer[FACE] != nullptr; }
+    void Move(int dx, int dy) {
+        x += dx, y += dy, faceX += dx, faceY += dy;
+        rcStroke = Offset(rcStroke, dx, dy);
+    }
 };
 
 }  // namespace orv

@@ -1,0 +1,31 @@
+#pragma once
+// A finished object as one premultiplied block with its place on the page,
+// and the turning of such a block about a point.
+
+#include <QImage>
+
+#include <cstdint>
+#include <memory>
+
+namespace orv {
+
+struct ObjectImage {
+    std::unique_ptr<uint32_t[]> pBlock;  // null: nothing was made
+    int32_t x = 0, y = 0;                // page position
+    int32_t width = 0, height = 0;
+    bool Made() const { return pBlock != nullptr; }
+    // A cleared block of the size; a 0 by 0 block is still made.
+    void Allocate(int w, int h);
+    void Reset() { *this = ObjectImage{}; }
+    // The block as a premultiplied image sharing its memory.
+    QImage Wrap() const;
+};
+
+// Turns the block by degrees (clockwise on the screen) about (cx, cy),
+// taking it over. The result is the turned bound, cleared around the
+// picture; its x and y are the bound's corner relative to the block's
+// corner, for the caller to add to the block's own place.
+void RotateImage(std::unique_ptr<uint32_t[]> block, int width, int height, int cx, int cy,
+                 int degrees, ObjectImage& out);
+
+}  // namespace orv
