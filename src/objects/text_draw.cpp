@@ -15,8 +15,6 @@ namespace orv {
 
 namespace {
 
-constexpr UstFES::Layer STACKING[] = {UstFES::SHADOW, UstFES::OUTLINE, UstFES::EDGE, UstFES::FACE};
-
 QImage WrapCanvas(uint32_t* bits, int width, int height) {
     return QImage(reinterpret_cast<uchar*>(bits), width, height, width * 4,
                   QImage::Format_ARGB32_Premultiplied);
@@ -201,23 +199,12 @@ UstTextLayout CQRDObjectText::StoredLayout(UstRect* rect) const {
     return layout;
 }
 
-// Every shadow under every outline, edge and face, each character straight
-// from its blocks; characters outside the visible part are skipped.
 void CQRDObjectText::DrawLayers(QImage& canvas, QPoint shift, const std::vector<UstFES>& glyphs,
                                 const QRect& clip) const {
     QPainter painter(&canvas);
     const QRect visible = clip.isEmpty() ? canvas.rect() : clip.intersected(canvas.rect());
     painter.setClipRect(visible);
-    for (const UstFES::Layer layer : STACKING)
-        for (size_t i = 0; i < glyphs.size() && i < m_arrChar.size(); ++i) {
-            const UstFES& g = glyphs[i];
-            if (IsBlankChar(m_arrChar[i].nChar) || !g.pLayer[layer]) continue;
-            const QRect at(g.x + shift.x(), g.y + shift.y(), g.w, g.h);
-            if (!visible.intersects(at)) continue;
-            const QImage block(reinterpret_cast<const uchar*>(g.pLayer[layer].get()), g.w, g.h,
-                               g.w * 4, QImage::Format_ARGB32_Premultiplied);
-            painter.drawImage(at.topLeft(), block);
-        }
+    DrawTextLayers(m_arrChar.data(), CharCount(), glyphs, painter, shift, visible);
 }
 
 void CQRDObjectText::DrawSelectionBars(uint32_t* bits, int width, int height) const {

@@ -201,25 +201,18 @@ int RenderTextLayers(const UstCharAttr* chars, int count, std::vector<UstFES>& f
     return rendered;
 }
 
-void StackTextLayers(const UstCharAttr* chars, int count, const std::vector<UstFES>& fes,
-                     QImage& block, int originX, int originY, const UstRect& area) {
-    const UstRect local = Offset(area, -originX, -originY);
-    const int left = std::max(0, local.left), right = std::min(block.width(), local.right);
-    const int top = std::max(0, local.top), bottom = std::min(block.height(), local.bottom);
-    if (right <= left || bottom <= top) return;
-    for (int y = top; y < bottom; ++y)
-        std::fill_n(reinterpret_cast<uint32_t*>(block.scanLine(y)) + left, right - left, 0u);
-    QPainter graphics(&block);
-    graphics.setClipRect(QRect(left, top, right - left, bottom - top));
+void DrawTextLayers(const UstCharAttr* chars, int count, const std::vector<UstFES>& fes,
+                    QPainter& graphics, QPoint shift, const QRect& visible) {
     const int n = std::min(count, static_cast<int>(fes.size()));
     for (const UstFES::Layer layer : STACKING)
         for (int i = 0; i < n; ++i) {
             const UstFES& rec = fes[static_cast<size_t>(i)];
             if (!Drawn(chars[i]) || !rec.pLayer[layer]) continue;
-            if (!Meets({rec.x, rec.y, rec.x + rec.w, rec.y + rec.h}, area)) continue;
-            const QImage layerImage(reinterpret_cast<const uchar*>(rec.pLayer[layer].get()), rec.w,
-                                    rec.h, rec.w * 4, QImage::Format_ARGB32_Premultiplied);
-            graphics.drawImage(QPoint(rec.x - originX, rec.y - originY), layerImage);
+            const QRect at(rec.x + shift.x(), rec.y + shift.y(), rec.w, rec.h);
+            if (!visible.intersects(at)) continue;
+            const QImage block(reinterpret_cast<const uchar*>(rec.pLayer[layer].get()), rec.w,
+                               rec.h, rec.w * 4, QImage::Format_ARGB32_Premultiplied);
+            graphics.drawImage(at.topLeft(), block);
         }
 }
 
@@ -252,7 +245,10 @@ void StackTextImage(const UstCharAttr* chars, int count, const std::vector<UstFE
     out.Allocate(extent.canvas.Width(), extent.canvas.Height());
     out.x = extent.canvas.left, out.y = extent.canvas.top;
     QImage canvas = out.Wrap();
-    StackTextLayers(chars, count, fes, canvas, out.x, out.y, extent.canvas);
+    {
+        QPainter graphics(&canvas);
+        DrawTextLayers(chars, count, fes, graphics, QPoint(-out.x, -out.y), canvas.rect());
+    }
     TurnTextImage(out, extent, rotation);
 }
 

@@ -44,10 +44,10 @@ int RenderTextLayers(const UstCharAttr* chars, int count, std::vector<UstFES>& f
                      const UstCharPos* pos, const UstEffect& effect, const UstAttr& attr,
                      float xScale, float yScale, UstTextExtent* extent = nullptr);
 
-// Stacks the layers of the characters meeting area (page pixels) into a
-// block whose corner stands at (originX, originY), clearing that area first.
-void StackTextLayers(const UstCharAttr* chars, int count, const std::vector<UstFES>& fes,
-                     QImage& block, int originX, int originY, const UstRect& area);
+// Draws the kept layers, every shadow under every outline, edge and face,
+// moved by shift; records outside the visible rectangle are skipped.
+void DrawTextLayers(const UstCharAttr* chars, int count, const std::vector<UstFES>& fes,
+                    QPainter& graphics, QPoint shift, const QRect& visible);
 
 // The extent of the records already rendered.
 UstTextExtent TextExtent(const UstCharAttr* chars, int count, const std::vector<UstFES>& fes);
