@@ -260,23 +260,31 @@ void CQRDObject::LoadStateGeometry(CByteReader& in) {
     m_rcOld = in.Get<UstRect>();
 }
 
-void CQRDObject::WriteArchiveHead(CByteWriter& out) const {
+void CQRDObject::WriteArchiveVersion(CByteWriter& out) {
     out.Put<float>(1.3f);
     out.Put<int32_t>(0);
     out.Put<int32_t>(0);  // an old rectangle is never written
+}
+
+bool CQRDObject::ReadArchiveVersion(CByteReader& in) {
+    [[maybe_unused]] const float version = in.Get<float>();
+    [[maybe_unused]] const float reserved = in.Get<float>();
+    return in.Get<int32_t>() != 0;
+}
+
+void CQRDObject::WriteArchiveHead(CByteWriter& out) const {
+    WriteArchiveVersion(out);
     out.Put(m_nWord1);
     out.Put(m_nWord2);
     out.Put(m_bLocked);
 }
 
 bool CQRDObject::ReadArchiveHead(CByteReader& in) {
-    [[maybe_unused]] const float version = in.Get<float>();
-    [[maybe_unused]] const float reserved = in.Get<float>();
-    const int32_t hasOldRect = in.Get<int32_t>();
+    const bool hasOldRect = ReadArchiveVersion(in);
     m_nWord1 = in.Get<int32_t>();
     m_nWord2 = in.Get<int32_t>();
     m_bLocked = in.Get<int32_t>();
-    return hasOldRect != 0;
+    return hasOldRect;
 }
 
 UstRect TrackHandleRect(const UstRect& start, int angle, int handle, QPoint from, QPoint to) {
@@ -309,6 +317,21 @@ int AngleToward(const UstRect& rect, QPoint point) {
     const double deg = std::atan2(point.x() - cx, -(point.y() - cy)) * 180.0 / std::numbers::pi;
     int angle = RoundToInt(static_cast<float>(deg));
     return ((angle % 360) + 360) % 360;
+}
+
+bool IsEffectCommand(uint32_t code) {
+    switch (code) {
+        case 225:
+        case 226:
+        case 227:
+        case 232:
+        case 233:
+        case 234:
+        case 738:
+            return true;
+        default:
+            return false;
+    }
 }
 
 }  // namespace orv

@@ -31,8 +31,16 @@ enum EObjectCommand : uint32_t {
     CMD_NUDGE_RIGHT = 901,
     CMD_NUDGE_LEFT = 902,
     CMD_NUDGE_UP = 903,
-    CMD_NUDGE_DOWN = 904
+    CMD_NUDGE_DOWN = 904,
+    CMD_ROTATION = 905,
+    CMD_BODY_PAINT = 260,
+    CMD_EDGE_PAINT = 261,
+    CMD_OUTLINE_PAINT = 262,
+    CMD_SHADOW_PAINT = 263
 };
+
+// The effect-size commands: each replaces the whole effect record.
+bool IsEffectCommand(uint32_t code);
 
 constexpr int HANDLE_SIZE = 8;
 constexpr int HANDLE_ROTATE = 8;
@@ -103,6 +111,10 @@ public:
     // answers whether an old rectangle follows the class's own fields.
     void WriteArchiveHead(CByteWriter& out) const;
     bool ReadArchiveHead(CByteReader& in);
+    // The head's first twelve bytes alone: version, reserved word and the
+    // old-rectangle flag, for classes that put their own fields first.
+    static void WriteArchiveVersion(CByteWriter& out);
+    static bool ReadArchiveVersion(CByteReader& in);
 
     // The rectangle as the view shows it, moved by the page's scroll.
     UstRect ScrolledViewRect() const;

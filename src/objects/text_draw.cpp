@@ -165,9 +165,13 @@ void CQRDObjectText::DrawKept(QImage& canvas, QPoint shift) {
         return;
     }
     // Turned, the text is stacked upright once and drawn as one image.
-    if (!m_pRotated.Made())
+    // The canvas turns a text by setting its angle while dragging.
+    if (!m_pRotated.Made() || m_nRotatedAngle != m_nAngle) {
         StackTextImage(m_arrChar.data(), CharCount(), m_arrGlyph,
-                       TextExtent(m_arrChar.data(), CharCount(), m_arrGlyph), m_nAngle, m_pRotated);
+                       TextExtent(m_arrChar.data(), CharCount(), m_arrGlyph), m_nAngle,
+                       m_pRotated);
+        m_nRotatedAngle = m_nAngle;
+    }
     QPainter painter(&canvas);
     painter.drawImage(QPoint(m_pRotated.x, m_pRotated.y) + shift, m_pRotated.Wrap());
 }

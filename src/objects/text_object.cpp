@@ -43,21 +43,6 @@ bool IsInstalled(const UstFontBlock& font) {
 
 }  // namespace
 
-bool IsEffectCommand(uint32_t code) {
-    switch (code) {
-        case 225:
-        case 226:
-        case 227:
-        case 232:
-        case 233:
-        case 234:
-        case 738:
-            return true;
-        default:
-            return false;
-    }
-}
-
 CQRDObjectText::CQRDObjectText(CPageContext* page) : CQRDObject(page) {
     if (s_pHost) {
         m_attr = s_pHost->DefaultAttr().attr;

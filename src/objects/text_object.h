@@ -25,17 +25,9 @@ enum ETextCommand : uint32_t {
     CMD_TEXT_SPACING = 724,
     CMD_TEXT_LEADING = 725,
     CMD_TEXT_SHEAR = 726,
-    CMD_BODY_PAINT = 260,
-    CMD_EDGE_PAINT = 261,
-    CMD_OUTLINE_PAINT = 262,
-    CMD_SHADOW_PAINT = 263,
-    CMD_ROTATION = 905,
     CMD_SYMBOL = 2104,
     CMD_TEXT_STYLE = 40052
 };
-
-// The effect-size commands: each replaces the whole effect record.
-bool IsEffectCommand(uint32_t code);
 
 enum ECaretMove { CARET_RIGHT = 0, CARET_LEFT, CARET_UP, CARET_DOWN, CARET_HOME, CARET_END };
 
@@ -212,6 +204,7 @@ private:
     UstRect m_rcDirty;  // page pixels at the zoom that changed since the last draw
     bool m_bDirtyAll = true;
     ObjectImage m_pRotated;  // the whole text stacked and turned; unmade when stale
+    int m_nRotatedAngle = 0;
 };
 
 }  // namespace orv

@@ -1,0 +1,120 @@
+// How a shape reaches the canvas, the page image and play: one image per
+// size, zoom and angle, kept until something about the shape changes.
+#include <QPainter>
+
+#include "objects/shape_object.h"
+#include "render/fill_brush.h"
+#include "render/pixels.h"
+#include "render/shape_image.h"
+
+namespace orv {
+
+namespace {
+
+// Standard-definition frames have non-square pixels: a 486-line target is
+// drawn at full height and only squeezed sideways, so that no line of the
+// picture is resampled.
+constexpr int SD_HEIGHT = 486;
+
+QImage Wrap(uint32_t* bits, int width, int height) {
+    return QImage(reinterpret_cast<uchar*>(bits), width, height, width * 4,
+                  QImage::Format_ARGB32_Premultiplied);
+}
+
+void ScaleAcross(ObjectImage& image, float xScale) {
+    if (xScale == 1.0f || image.width <= 0 || image.height <= 0) return;
+    ObjectImage scaled;
+    scaled.Allocate(std::max(1, RoundToInt(static_cast<float>(image.width) * xScale)),
+                    image.height);
+    ScalePixelRect(scaled.pBlock.get(), {0, 0, scaled.width, scaled.height}, image.pBlock.get(),
+                   {0, 0, image.width, image.height}, INTERPOLATION_HIGH_QUALITY);
+    scaled.x = RoundToInt(static_cast<float>(image.x) * xScale);
+    scaled.y = image.y;
+    image = std::move(scaled);
+}
+
+}  // namespace
+
+// The box's corner stands at (0, 0), so that moving the shape keeps its image.
+void CQRDObjectShape::Render(ObjectImage& out, int boxWidth, int boxHeight, float scale,
+                             int targetHeight) const {
+    const QPointF cp = ControlPoint();
+    if (targetHeight != SD_HEIGHT) {
+        const auto cx = static_cast<float>(cp.x()) * scale, cy = static_cast<float>(cp.y()) * scale;
+        RenderShapeImage(out, m_nKind, 0, 0, boxWidth, boxHeight, m_effect, m_attr, cx, cy,
+                         m_nAngle, scale, scale, nullptr);
+        return;
+    }
+    RenderShapeImage(out, m_nKind, 0, 0, m_rcStored.Width(), m_rcStored.Height(), m_effect, m_attr,
+                     static_cast<float>(cp.x()), static_cast<float>(cp.y()), m_nAngle, 1.0f, 1.0f,
+                     nullptr);
+    ScaleAcross(out, scale);
+}
+
+bool CQRDObjectShape::ImageFits(int targetHeight) const {
+    return m_image.Made() && m_rcImageBox.Width() == m_rcView.Width() &&
+           m_rcImageBox.Height() == m_rcView.Height() && m_nImageAngle == m_nAngle &&
+           m_nImageTarget == targetHeight;
+}
+
+void CQRDObjectShape::Draw() {
+    if (!m_pPage || !m_pPage->GetCanvasBits()) return;
+    const int width = m_pPage->GetCanvasWidth(), height = m_pPage->GetCanvasHeight();
+    const UstPoint s = m_pPage->GetScrollOrigin();
+    if (!Meets(Offset(GetBoundRect(), -s.x, -s.y), {0, 0, width, height})) return;
+    m_fZoom = Zoom() / 100.0f;
+    if (!ImageFits(height)) {
+        Render(m_image, m_rcView.Width(), m_rcView.Height(), m_fZoom, height);
+        m_rcImageBox = m_rcView;
+        m_nImageAngle = m_nAngle;
+        m_nImageTarget = height;
+    }
+    if (m_image.width <= 0 || m_image.height <= 0) return;
+    QImage canvas = Wrap(m_pPage->GetCanvasBits(), width, height);
+    QPainter painter(&canvas);
+    painter.drawImage(QPoint(m_rcView.left - s.x + m_image.x, m_rcView.top - s.y + m_image.y),
+                      m_image.Wrap());
+}
+
+void CQRDObjectShape::DrawTo(uint32_t* bits, int width, int height) {
+    if (!bits || width <= 0 || height <= 0) return;
+    ObjectImage fresh;
+    const ObjectImage* image = &m_image;
+    if (!(m_fZoom == 1.0f && m_rcView == m_rcStored && ImageFits(height))) {
+        Render(fresh, m_rcStored.Width(), m_rcStored.Height(), 1.0f, height);
+        image = &fresh;
+    }
+    if (image->width <= 0 || image->height <= 0) return;
+    QImage canvas = Wrap(bits, width, height);
+    QPainter painter(&canvas);
+    painter.drawImage(QPoint(m_rcStored.left + image->x, m_rcStored.top + image->y), image->Wrap());
+}
+
+void CQRDObjectShape::PrepareLiveFrame(int, int, int, int) {
+    Render(m_prepared, m_rcStored.Width(), m_rcStored.Height(), 1.0f, 0);
+    m_prepared.x += m_rcStored.left;
+    m_prepared.y += m_rcStored.top;
+}
+
+void CQRDObjectShape::DrawHandles(QPainter& painter) const {
+    if (m_bEdit && m_pPage) {
+        painter.save();
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(HatchBrush(22, 0xFF808080u, 0x00000000u));
+        painter.drawPolygon(HitPolygon());
+        painter.restore();
+    }
+    CQRDObject::DrawHandles(painter);
+    if (!m_bEdit || !m_pPage || !HasAdjustPoint()) return;
+    const QPointF c = ControlHandleCentre();
+    const QPointF diamond[] = {c + QPointF(0, -5), c + QPointF(5, 0), c + QPointF(0, 5),
+                               c + QPointF(-5, 0)};
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(Qt::black, 1));
+    painter.setBrush(QColor::fromRgba(0xFFFCFC3Cu));
+    painter.drawPolygon(diamond, 4);
+    painter.restore();
+}
+
+}  // namespace orv

@@ -1,0 +1,81 @@
+#pragma once
+// A figure on a page: one of the shape kinds drawn in a box, with the same
+// face, edge, outline and shadow as text. One control point (the yellow
+// handle) sets a corner radius, an arrow's neck or a slant.
+
+#include <QPainterPath>
+#include <QPointF>
+
+#include "objects/qrd_object.h"
+#include "render/attr_records.h"
+#include "render/object_image.h"
+
+namespace orv {
+
+constexpr uint32_t CMD_EDIT_SHAPE = 8001;
+
+class CQRDObjectShape : public CQRDObject {
+public:
+    CQRDObjectShape() = default;
+    // A new shape of the kind over the rectangle (view pixels).
+    CQRDObjectShape(CPageContext* page, int kind, const UstRect& view, const UstAttr& attr,
+                    const UstEffect& effect);
+
+    int GetType() const override { return OBJ_SHAPE; }
+    QString GetName() const override;
+    bool HasAdjustPoint() const override;
+    bool CanRotate() const override { return true; }
+    bool HitTestAdjust(int x, int y) const override;
+    bool Execute(const void* args, uint32_t code) override;
+    void ReleaseCache() override { m_image.Reset(); }
+    void OnZoom() override;
+    void DrawHandles(QPainter& painter) const override;
+    void Draw() override;
+    void DrawTo(uint32_t* bits, int width, int height) override;
+    void PrepareLiveFrame(int, int, int, int) override;
+    void FreeLive() override { m_prepared.Reset(); }
+
+    // The file form.
+    void Serialize(CByteWriter& out) const;
+    bool Deserialize(CByteReader& in);
+
+    // The control point in page units for the box as it stands: a box
+    // resized since the point was set carries it along.
+    QPointF ControlPoint() const;
+    // The yellow handle's centre on the canvas, turned with the shape.
+    QPointF ControlHandleCentre() const;
+    // Puts the control point under a canvas point, kept inside the box.
+    void DragControlTo(int x, int y);
+    // A resize has ended: the carried point becomes the shape's own.
+    void CommitResize();
+    void SetEditing(bool on);
+    bool Editing() const { return m_bEdit != 0; }
+    const ObjectImage& CachedImage() const { return m_image; }
+    const ObjectImage& PreparedImage() const { return m_prepared; }
+
+    int32_t m_nKind = 0;
+    UstEffect m_effect{};
+    UstAttr m_attr{};
+    float m_fCtrlX = 0, m_fCtrlY = 0;          // page units, for m_rcCtrlBox
+    float m_fViewCtrlX = 0, m_fViewCtrlY = 0;  // the same at the zoom
+    float m_fZoom = 1.0f;
+    int32_t m_bEdit = 0;
+
+protected:
+    void SaveStateBody(CByteWriter& out) const override;
+    bool LoadStateBody(CByteReader& in, int flag) override;
+
+private:
+    void Render(ObjectImage& out, int boxWidth, int boxHeight, float scale, int targetHeight) const;
+    bool ImageFits(int targetHeight) const;
+    void SetControl(QPointF stored);
+    void Changed();
+    UstRect m_rcCtrlBox;  // the stored box the control point was set for
+    QPainterPath m_path;  // the figure at the zoom, for the handle's outline
+    ObjectImage m_image;  // at the zoom, box corner at (0, 0)
+    int m_nImageAngle = 0, m_nImageTarget = 0;
+    UstRect m_rcImageBox;
+    ObjectImage m_prepared;
+};
+
+}  // namespace orv
