@@ -22,6 +22,17 @@ bool SameSize(const UstRect& a, const UstRect& b) {
 
 }  // namespace
 
+UstRect ShapeDragRect(int kind, const UstPoint& start, const UstPoint& current) {
+    UstRect r = Normalized({start.x, start.y, current.x, current.y});
+    if (kind == SHAPE_CIRCLE) {
+        if (r.Height() <= r.Width())
+            r.bottom = r.top + r.Width();
+        else
+            r.right = r.left + r.Height();
+    }
+    return r;
+}
+
 CQRDObjectShape::CQRDObjectShape(CPageContext* page, int kind, const UstRect& view,
                                  const UstAttr& attr, const UstEffect& effect)
     : CQRDObject(page), m_nKind(kind), m_effect(effect), m_attr(attr) {

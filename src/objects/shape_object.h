@@ -13,6 +13,11 @@
 namespace orv {
 
 constexpr uint32_t CMD_EDIT_SHAPE = 8001;
+constexpr int SHAPE_CIRCLE = 3;
+
+// The box a drag from start to current draws: normalised, and for a circle
+// made square by growing its shorter side.
+UstRect ShapeDragRect(int kind, const UstPoint& start, const UstPoint& current);
 
 class CQRDObjectShape : public CQRDObject {
 public:
