@@ -1,5 +1,7 @@
 #include "project/page_manager.h"
 
+#include "objects/shape_object.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -143,6 +145,8 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
         case CMD_SPLIT_LINES:
         case CMD_SPLIT_CHARS:
             return SplitText(id == CMD_SPLIT_CHARS);
+        case CMD_EDIT_SHAPE:
+            return EditShapeCommand();
         default:
             return IsEffectCommand(id) ? LookCommand(arg, id) : 0;
     }

@@ -66,6 +66,8 @@ struct CPageBackground {
     }
 };
 
+class CQRDObjectShape;
+
 class CPageManager : public CPageContext {
 public:
     CPageManager();
@@ -122,6 +124,10 @@ public:
     // Adding and selecting, for the commands that create objects and the
     // canvas's gestures.
     CQRDObject* AddObject(std::unique_ptr<CQRDObject> object);
+    // A new shape of the kind over the rectangle (page pixels at the zoom),
+    // selected alone, as one undo step; null for an empty rectangle.
+    CQRDObjectShape* AddShape(int kind, const UstRect& view, const UstAttr& attr,
+                              const UstEffect& effect);
     bool IsSelected(const CQRDObject* object) const;
     void Select(CQRDObject* object);
     void Unselect(CQRDObject* object);
@@ -189,6 +195,8 @@ private:
     int LookCommand(const void* arg, uint32_t id);
     int SymbolCommand(const void* arg);
     int SplitText(bool intoChars);
+    int EditShapeCommand();
+    void EndStrayShapeEdits();
     void RedrawAll(const UstRect& before);
     std::vector<CQRDObject*> SelectedInListOrder() const;
     std::vector<std::unique_ptr<CQRDObject>>::iterator Find(const CQRDObject* object);

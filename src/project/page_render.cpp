@@ -32,6 +32,8 @@ void CPageManager::RenderCanvasExcept(const CQRDObject* except) {
 }
 
 void CPageManager::DrawHandles() {
+    // Editing a shape's control point lasts while the shape stays selected.
+    EndStrayShapeEdits();
     if (!m_pCanvas || m_selection.empty()) return;
     QImage surface(reinterpret_cast<uchar*>(m_pCanvas), m_nWidth, m_nHeight, m_nWidth * 4,
                    QImage::Format_ARGB32_Premultiplied);

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include "objects/shape_object.h"
 #include "objects/text_object.h"
 #include "project/project_manager.h"
 #include "ui/main_frame.h"
@@ -15,7 +16,6 @@
 namespace orv {
 
 namespace {
-
 
 UstRect Moved(const UstRect& r, QPoint d) {
     return {r.left + d.x(), r.top + d.y(), r.right + d.x(), r.bottom + d.y()};
@@ -71,6 +71,10 @@ void CZevrantView::mousePressEvent(QMouseEvent* event) {
         StartNewText(canvas);
         return;
     }
+    if (event->button() == Qt::LeftButton && m_pFrame->m_nCanvasMode == MODE_SHAPE) {
+        BeginShapeDrag(canvas);
+        return;
+    }
     if (event->button() == Qt::RightButton) {
         RightButton(canvas);
         return;
@@ -96,7 +100,9 @@ void CZevrantView::BeginDrag(const QPoint& canvas) {
     m_drag.start = m_drag.current = canvas;
     m_drag.object = hit;
     m_drag.before = before;
-    if (result >= HIT_SIZE_FIRST && result <= HIT_SIZE_LAST) {
+    if (result == HIT_ADJUST) {
+        m_drag.kind = EDrag::ADJUST;
+    } else if (result >= HIT_SIZE_FIRST && result <= HIT_SIZE_LAST) {
         if (hit->m_bLocked) return;
         m_drag.kind = EDrag::SIZE;
         m_drag.handle = result;
@@ -151,6 +157,8 @@ void CZevrantView::DragTo(const QPoint& canvas) {
     } else if (m_drag.kind == EDrag::ROTATE) {
         m_drag.object->m_nAngle = AngleToward(m_drag.rects[0], canvas + scroll);
         m_drag.object->RecalcHandles();
+    } else if (m_drag.kind == EDrag::ADJUST) {
+        DragControlPoint(canvas);
     } else if (m_drag.kind == EDrag::MOVE) {
         const QPoint d = canvas - m_drag.start;
         const auto& sel = page->Selection();
@@ -185,8 +193,11 @@ void CZevrantView::EndDrag() {
     const UstDrag drag = m_drag;
     m_drag = UstDrag{};
     if (drag.kind == EDrag::ROTATE) m_pFrame->m_nCanvasMode = MODE_SELECT;
+    if (drag.kind == EDrag::CREATE) EndShapeDrag(drag);
     if (!page) return;
-    if (drag.kind == EDrag::BAND) {
+    if (drag.kind == EDrag::CREATE) {
+        // The new shape is drawn and recorded by the page.
+    } else if (drag.kind == EDrag::BAND) {
         m_drag.start = drag.start;
         m_drag.current = drag.current;
         SelectInBand();
@@ -194,8 +205,12 @@ void CZevrantView::EndDrag() {
     } else if (drag.moved) {
         // A text is not clipped by its new rectangle: it is fitted to it.
         if (drag.kind == EDrag::SIZE && drag.object->GetType() == OBJ_TEXT)
-            static_cast<CQRDObjectText*>(drag.object)->FitToRect(drag.rects[0],
-                                                                 drag.object->m_rcView);
+            static_cast<CQRDObjectText*>(drag.object)
+                ->FitToRect(drag.rects[0], drag.object->m_rcView);
+        // A shape's control point follows the resize once, at its end.
+        if (auto* shape = dynamic_cast<CQRDObjectShape*>(drag.object);
+            shape && drag.kind == EDrag::SIZE)
+            shape->CommitResize();
         page->FinishGesture(drag.before);
     }
     page->RenderCanvas();
@@ -240,6 +255,8 @@ void CZevrantView::UpdateCursor(const QPoint& window) {
     if (mode == MODE_SHAPE) return setCursor(Qt::CrossCursor);
     const QPoint c = ToCanvas(window);
     for (const CQRDObject* o : page->Selection()) {
+        if (o->HasAdjustPoint() && o->HitTestAdjust(c.x(), c.y()))
+            return setCursor(Qt::PointingHandCursor);
         if (o->m_bLocked) continue;
         const int handle = o->HitTestHandle(c.x(), c.y());
         if (handle == HANDLE_ROTATE && o->CanRotate()) return setCursor(RotateCursor());

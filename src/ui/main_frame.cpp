@@ -125,6 +125,7 @@ void CMainFrame::CreateCommandBars() {
     CreateArrangeMenu();
     CreatePageMenu();
     CreateTextMenu();
+    CreateShapeMenu();
     QToolBar* bar = addToolBar(tr("Standard"));
     bar->setObjectName("StandardBar");
     bar->addAction(options);

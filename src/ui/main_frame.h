@@ -58,10 +58,13 @@ public:
     Q_INVOKABLE void OnAttrChanged();
 
     static QString LayoutName(const char* base, uint16_t language);
+    // The shape kinds as the menu names them.
+    static QStringList ShapeKindTitles();
 
     int m_nPlayState = 0;
     float m_fZoom = 100.0f;
     int m_nCanvasMode = 0;
+    int m_nShapeKind = 0;  // what shape mode draws
     UstEnv m_Env;
     UstDefaultAttr m_DefaultAttr;
     UstDefaultAttr m_WorkAttr;
@@ -76,6 +79,12 @@ private:
     void CreateArrangeMenu();
     void CreatePageMenu();
     void CreateTextMenu();
+    void CreateShapeMenu();
+    void StartShape(int kind);
+    void ApplyPaint(int slot, const UstFill& fill);
+    void ChooseSolidPaint(int slot);
+    void ChooseGradientPaint(int slot);
+    void ChooseEffectSizes();
     void ChooseFontFace();
     void ChooseFontSize();
     void ChangePageType(uint32_t type);

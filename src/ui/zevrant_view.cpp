@@ -189,6 +189,7 @@ void CZevrantView::paintEvent(QPaintEvent* event) {
         p.setBrush(Qt::NoBrush);
         p.drawRect(QRect(m_drag.start, m_drag.current).normalized().translated(m_rcPage.topLeft()));
     }
+    if (m_drag.kind == EDrag::CREATE) DrawShapePreview(p);
 }
 
 UstViewFrame CZevrantView::GetViewFrame() {

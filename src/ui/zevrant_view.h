@@ -10,6 +10,7 @@
 #include "project/page_host.h"
 #include "shell/key_routing.h"
 
+class QPainter;
 class QScrollBar;
 
 namespace orv {
@@ -90,7 +91,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    enum class EDrag { NONE, SIZE, ROTATE, MOVE, BAND };
+    enum class EDrag { NONE, SIZE, ROTATE, MOVE, BAND, CREATE, ADJUST };
     struct UstDrag {
         EDrag kind = EDrag::NONE;
         int handle = -1;
@@ -112,6 +113,10 @@ private:
     void DragTo(const QPoint& canvas);
     void EndDrag();
     void SelectInBand();
+    void BeginShapeDrag(const QPoint& canvas);
+    void DrawShapePreview(QPainter& painter) const;
+    void EndShapeDrag(const UstDrag& drag);
+    void DragControlPoint(const QPoint& canvas);
     void RightButton(const QPoint& canvas);
     void UpdateCursor(const QPoint& window);
     bool NavigationKey(int key);

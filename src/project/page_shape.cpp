@@ -1,0 +1,39 @@
+// The page's side of shapes: drawing a new one, and the control point's
+// editing switched on for the selected shapes.
+#include "objects/shape_object.h"
+#include "project/page_manager.h"
+
+namespace orv {
+
+CQRDObjectShape* CPageManager::AddShape(int kind, const UstRect& view, const UstAttr& attr,
+                                        const UstEffect& effect) {
+    if (view.Width() <= 0 || view.Height() <= 0) return nullptr;
+    const UstRect before = SelectionWindowRect();
+    auto* shape = static_cast<CQRDObjectShape*>(
+        AddObject(std::make_unique<CQRDObjectShape>(this, kind, view, attr, effect)));
+    SelectOnly(shape);
+    Redraw(before);
+    Tail();
+    return shape;
+}
+
+int CPageManager::EditShapeCommand() {
+    bool any = false, on = false;
+    for (CQRDObject* o : m_selection)
+        if (auto* shape = dynamic_cast<CQRDObjectShape*>(o)) {
+            if (!any) on = !shape->Editing();
+            shape->SetEditing(on);
+            any = true;
+        }
+    if (!any) return 0;
+    Redraw(SelectionWindowRect());
+    return 1;
+}
+
+void CPageManager::EndStrayShapeEdits() {
+    for (auto& o : m_objects)
+        if (auto* shape = dynamic_cast<CQRDObjectShape*>(o.get()); shape && !IsSelected(shape))
+            shape->SetEditing(false);
+}
+
+}  // namespace orv
