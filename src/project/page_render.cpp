@@ -13,6 +13,8 @@ namespace orv {
 
 void CPageManager::RenderCanvasExcept(const CQRDObject* except) {
     m_bUnderlayValid = false;
+    // Editing a shape's control point lasts while the shape stays selected.
+    EndStrayShapeEdits();
     if (!m_pCanvas || m_nWidth <= 0 || m_nHeight <= 0) return;
     const UstEnv fallback = MakeDefaultEnv(9);
     const UstEnv& env = m_pView ? m_pView->Env() : fallback;
@@ -32,8 +34,6 @@ void CPageManager::RenderCanvasExcept(const CQRDObject* except) {
 }
 
 void CPageManager::DrawHandles() {
-    // Editing a shape's control point lasts while the shape stays selected.
-    EndStrayShapeEdits();
     if (!m_pCanvas || m_selection.empty()) return;
     QImage surface(reinterpret_cast<uchar*>(m_pCanvas), m_nWidth, m_nHeight, m_nWidth * 4,
                    QImage::Format_ARGB32_Premultiplied);
