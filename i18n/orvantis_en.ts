@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
 <context>
+    <name>orv::CDlgEffectSizes</name>
+    <message>
+        <source>Effects</source>
+        <translation>Effects</translation>
+    </message>
+    <message>
+        <source>Edge:</source>
+        <translation>Edge:</translation>
+    </message>
+    <message>
+        <source>Outline:</source>
+        <translation>Outline:</translation>
+    </message>
+    <message>
+        <source>Edge softness:</source>
+        <translation>Edge softness:</translation>
+    </message>
+    <message>
+        <source>Drop</source>
+        <translation>Drop</translation>
+    </message>
+    <message>
+        <source>Drag</source>
+        <translation>Drag</translation>
+    </message>
+    <message>
+        <source>Shadow:</source>
+        <translation>Shadow:</translation>
+    </message>
+    <message>
+        <source>Shadow X:</source>
+        <translation>Shadow X:</translation>
+    </message>
+    <message>
+        <source>Shadow Y:</source>
+        <translation>Shadow Y:</translation>
+    </message>
+    <message>
+        <source>Shadow softness:</source>
+        <translation>Shadow softness:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgGradient</name>
     <message>
         <source>Gradient</source>
@@ -304,6 +347,158 @@ Split into Characters</translation>
     <message>
         <source>Please stop automatic play out to exit play mode.</source>
         <translation>Please stop automatic play out to exit play mode.</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rectangle</translation>
+    </message>
+    <message>
+        <source>Rounded Rectangle</source>
+        <translation>Rounded Rectangle</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Circle</source>
+        <translation>Circle</translation>
+    </message>
+    <message>
+        <source>Slanted Bar Left</source>
+        <translation>Slanted Bar Left</translation>
+    </message>
+    <message>
+        <source>Slanted Bar Right</source>
+        <translation>Slanted Bar Right</translation>
+    </message>
+    <message>
+        <source>Diamond</source>
+        <translation>Diamond</translation>
+    </message>
+    <message>
+        <source>Pentagon</source>
+        <translation>Pentagon</translation>
+    </message>
+    <message>
+        <source>Hexagon</source>
+        <translation>Hexagon</translation>
+    </message>
+    <message>
+        <source>Octagon</source>
+        <translation>Octagon</translation>
+    </message>
+    <message>
+        <source>Star</source>
+        <translation>Star</translation>
+    </message>
+    <message>
+        <source>Arrow Right</source>
+        <translation>Arrow Right</translation>
+    </message>
+    <message>
+        <source>Arrow Left</source>
+        <translation>Arrow Left</translation>
+    </message>
+    <message>
+        <source>Arrow Up</source>
+        <translation>Arrow Up</translation>
+    </message>
+    <message>
+        <source>Arrow Down</source>
+        <translation>Arrow Down</translation>
+    </message>
+    <message>
+        <source>Triangle Right</source>
+        <translation>Triangle Right</translation>
+    </message>
+    <message>
+        <source>Triangle Left</source>
+        <translation>Triangle Left</translation>
+    </message>
+    <message>
+        <source>Triangle Up</source>
+        <translation>Triangle Up</translation>
+    </message>
+    <message>
+        <source>Triangle Down</source>
+        <translation>Triangle Down</translation>
+    </message>
+    <message>
+        <source>Round End Bar 1</source>
+        <translation>Round End Bar 1</translation>
+    </message>
+    <message>
+        <source>Round End Bar 2</source>
+        <translation>Round End Bar 2</translation>
+    </message>
+    <message>
+        <source>Round End Bar 3</source>
+        <translation>Round End Bar 3</translation>
+    </message>
+    <message>
+        <source>Round End Bar 4</source>
+        <translation>Round End Bar 4</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 1</source>
+        <translation>Slanted End Bar 1</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 2</source>
+        <translation>Slanted End Bar 2</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 3</source>
+        <translation>Slanted End Bar 3</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 4</source>
+        <translation>Slanted End Bar 4</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 5</source>
+        <translation>Slanted End Bar 5</translation>
+    </message>
+    <message>
+        <source>S&amp;hape</source>
+        <translation>S&amp;hape</translation>
+    </message>
+    <message>
+        <source>Draw Shape</source>
+        <translation>Draw Shape</translation>
+    </message>
+    <message>
+        <source>Edit Shape</source>
+        <translation>Edit Shape</translation>
+    </message>
+    <message>
+        <source>Start Editing Shape</source>
+        <translation>Start Editing Shape</translation>
+    </message>
+    <message>
+        <source>Face</source>
+        <translation>Face</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Edge</translation>
+    </message>
+    <message>
+        <source>Shadow</source>
+        <translation>Shadow</translation>
+    </message>
+    <message>
+        <source>%1 Colour...</source>
+        <translation>%1 Colour...</translation>
+    </message>
+    <message>
+        <source>%1 Gradient...</source>
+        <translation>%1 Gradient...</translation>
+    </message>
+    <message>
+        <source>Effects...</source>
+        <translation>Effects...</translation>
     </message>
 </context>
 <context>

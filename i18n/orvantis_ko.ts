@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR">
 <context>
+    <name>orv::CDlgEffectSizes</name>
+    <message>
+        <source>Effects</source>
+        <translation>효과</translation>
+    </message>
+    <message>
+        <source>Edge:</source>
+        <translation>테두리:</translation>
+    </message>
+    <message>
+        <source>Outline:</source>
+        <translation>외곽선:</translation>
+    </message>
+    <message>
+        <source>Edge softness:</source>
+        <translation>테두리 부드럽게:</translation>
+    </message>
+    <message>
+        <source>Drop</source>
+        <translation>Drop</translation>
+    </message>
+    <message>
+        <source>Drag</source>
+        <translation>Drag</translation>
+    </message>
+    <message>
+        <source>Shadow:</source>
+        <translation>그림자:</translation>
+    </message>
+    <message>
+        <source>Shadow X:</source>
+        <translation>그림자 X:</translation>
+    </message>
+    <message>
+        <source>Shadow Y:</source>
+        <translation>그림자 Y:</translation>
+    </message>
+    <message>
+        <source>Shadow softness:</source>
+        <translation>그림자 부드럽게:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgGradient</name>
     <message>
         <source>Gradient</source>
@@ -105,7 +148,7 @@ Recovering from the last modification.</source>
     </message>
     <message>
         <source>Outline</source>
-        <translation>개요</translation>
+        <translation>외곽선</translation>
     </message>
     <message>
         <source>Play</source>
@@ -304,6 +347,158 @@ Split into Characters</source>
     <message>
         <source>Please stop automatic play out to exit play mode.</source>
         <translation>송출 모드를 끝내려면 자동 송출을 먼저 정지하십시오.</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>사각형</translation>
+    </message>
+    <message>
+        <source>Rounded Rectangle</source>
+        <translation>둥근 사각형</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>타원</translation>
+    </message>
+    <message>
+        <source>Circle</source>
+        <translation>원</translation>
+    </message>
+    <message>
+        <source>Slanted Bar Left</source>
+        <translation>타이틀 바 (왼쪽 기울임)</translation>
+    </message>
+    <message>
+        <source>Slanted Bar Right</source>
+        <translation>타이틀 바 (오른쪽 기울임)</translation>
+    </message>
+    <message>
+        <source>Diamond</source>
+        <translation>마름모</translation>
+    </message>
+    <message>
+        <source>Pentagon</source>
+        <translation>오각형</translation>
+    </message>
+    <message>
+        <source>Hexagon</source>
+        <translation>육각형</translation>
+    </message>
+    <message>
+        <source>Octagon</source>
+        <translation>팔각형</translation>
+    </message>
+    <message>
+        <source>Star</source>
+        <translation>별</translation>
+    </message>
+    <message>
+        <source>Arrow Right</source>
+        <translation>오른쪽 화살표</translation>
+    </message>
+    <message>
+        <source>Arrow Left</source>
+        <translation>왼쪽 화살표</translation>
+    </message>
+    <message>
+        <source>Arrow Up</source>
+        <translation>위쪽 화살표</translation>
+    </message>
+    <message>
+        <source>Arrow Down</source>
+        <translation>아래쪽 화살표</translation>
+    </message>
+    <message>
+        <source>Triangle Right</source>
+        <translation>오른쪽 삼각형</translation>
+    </message>
+    <message>
+        <source>Triangle Left</source>
+        <translation>왼쪽 삼각형</translation>
+    </message>
+    <message>
+        <source>Triangle Up</source>
+        <translation>위쪽 삼각형</translation>
+    </message>
+    <message>
+        <source>Triangle Down</source>
+        <translation>아래쪽 삼각형</translation>
+    </message>
+    <message>
+        <source>Round End Bar 1</source>
+        <translation>타이틀 바 (둥근 끝) 1</translation>
+    </message>
+    <message>
+        <source>Round End Bar 2</source>
+        <translation>타이틀 바 (둥근 끝) 2</translation>
+    </message>
+    <message>
+        <source>Round End Bar 3</source>
+        <translation>타이틀 바 (둥근 끝) 3</translation>
+    </message>
+    <message>
+        <source>Round End Bar 4</source>
+        <translation>타이틀 바 (둥근 끝) 4</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 1</source>
+        <translation>타이틀 바 (기울인 끝) 1</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 2</source>
+        <translation>타이틀 바 (기울인 끝) 2</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 3</source>
+        <translation>타이틀 바 (기울인 끝) 3</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 4</source>
+        <translation>타이틀 바 (기울인 끝) 4</translation>
+    </message>
+    <message>
+        <source>Slanted End Bar 5</source>
+        <translation>타이틀 바 (기울인 끝) 5</translation>
+    </message>
+    <message>
+        <source>S&amp;hape</source>
+        <translation>도형(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Draw Shape</source>
+        <translation>도형 그리기</translation>
+    </message>
+    <message>
+        <source>Edit Shape</source>
+        <translation>도형 편집</translation>
+    </message>
+    <message>
+        <source>Start Editing Shape</source>
+        <translation>도형 편집 시작</translation>
+    </message>
+    <message>
+        <source>Face</source>
+        <translation>면</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>테두리</translation>
+    </message>
+    <message>
+        <source>Shadow</source>
+        <translation>그림자</translation>
+    </message>
+    <message>
+        <source>%1 Colour...</source>
+        <translation>%1 색...</translation>
+    </message>
+    <message>
+        <source>%1 Gradient...</source>
+        <translation>%1 그라데이션...</translation>
+    </message>
+    <message>
+        <source>Effects...</source>
+        <translation>효과...</translation>
     </message>
 </context>
 <context>
