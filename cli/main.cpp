@@ -1,21 +1,49 @@
+#include <QString>
+
 #include <cstdio>
 #include <cstring>
+
+#include "project/demo_page.h"
 
 namespace {
 
 const char* const HELP =
     "Usage: orvantis-cli [--help] [--version]\n"
+    "       orvantis-cli demo OUT.png\n"
     "\n"
     "The headless companion of the Orvantis-HD editor. It will render pages to\n"
     "images, report on and re-save projects, convert image sequences to ANI32\n"
     "and play a page to an output, as those parts of the system arrive.\n"
     "\n"
-    "  --help     show this text\n"
-    "  --version  show the version\n";
+    "  --help        show this text\n"
+    "  --version     show the version\n"
+    "  demo OUT.png  render the built-in sample page at 1920 x 1080 and save it\n"
+    "                as a PNG; what the page leaves empty stays transparent\n";
+
+int Demo(int argc, char** argv) {
+    if (argc < 3) {
+        std::fprintf(stderr, "orvantis-cli demo: the output file is missing\n\n%s", HELP);
+        return 2;
+    }
+    if (argc > 3) {
+        std::fprintf(stderr, "orvantis-cli demo: unexpected argument '%s'\n\n%s", argv[3], HELP);
+        return 2;
+    }
+    const QString path = QString::fromLocal8Bit(argv[2]);
+    QString error;
+    if (!orv::SavePngFile(orv::RenderDemoPage(), path, &error)) {
+        std::fprintf(stderr, "orvantis-cli demo: %s\n", error.toLocal8Bit().constData());
+        return 1;
+    }
+    std::printf("Sample page (%d x %d) written to %s\n", orv::DEMO_WIDTH, orv::DEMO_HEIGHT,
+                argv[2]);
+    return 0;
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc >= 2 && std::strcmp(argv[1], "demo") == 0) return Demo(argc, argv);
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
             std::printf("orvantis-cli 1.62\n");
