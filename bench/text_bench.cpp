@@ -4,6 +4,7 @@
 // Target: at most 0.2. The process exits with status 1 if it misses.
 #include <benchmark/benchmark.h>
 
+#include "bench_view.h"
 #include "best_time.h"
 
 #include <algorithm>
@@ -18,24 +19,6 @@
 namespace {
 
 using namespace orv;
-
-// A view that only lends its canvas.
-class CBenchView : public CPageView {
-public:
-    CBenchView() : canvas(1920 * 1080, 0), env(MakeDefaultEnv(9)) {}
-    UstViewFrame GetViewFrame() override {
-        return {{0, 0, 1920, 1080}, 1920, 1080, 0, 0, canvas.data()};
-    }
-    const UstEnv& Env() const override { return env; }
-    float Zoom() const override { return 100.0f; }
-    const QImage* BackdropImage() override { return nullptr; }
-    void SetPageType(uint32_t, bool) override {}
-    int SetScrollBar(uint32_t, int origin, int) override { return origin; }
-    void InvalidateRect(const UstRect&) override {}
-    void Repaint() override {}
-    std::vector<uint32_t> canvas;
-    UstEnv env;
-};
 
 bool g_missed = false;
 

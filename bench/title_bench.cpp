@@ -6,6 +6,7 @@
 // either is missed.
 #include <benchmark/benchmark.h>
 
+#include "bench_view.h"
 #include "best_time.h"
 
 #include <cstdio>
@@ -20,24 +21,6 @@ using namespace orv;
 
 constexpr double FRAME_SECONDS = 1001.0 / 30000.0;
 constexpr double SCRATCH_TARGET = 1.0, CHANGE_TARGET = 0.1;
-
-// A view that only lends its canvas.
-class CBenchView : public CPageView {
-public:
-    CBenchView() : canvas(1920 * 1080, 0), env(MakeDefaultEnv(9)) {}
-    UstViewFrame GetViewFrame() override {
-        return {{0, 0, 1920, 1080}, 1920, 1080, 0, 0, canvas.data()};
-    }
-    const UstEnv& Env() const override { return env; }
-    float Zoom() const override { return 100.0f; }
-    const QImage* BackdropImage() override { return nullptr; }
-    void SetPageType(uint32_t, bool) override {}
-    int SetScrollBar(uint32_t, int origin, int) override { return origin; }
-    void InvalidateRect(const UstRect&) override {}
-    void Repaint() override {}
-    std::vector<uint32_t> canvas;
-    UstEnv env;
-};
 
 UstEffect TitleEffect() {
     UstEffect e{};
