@@ -5,9 +5,7 @@
 #include <QPainter>
 
 #include "objects/text_object.h"
-#include "render/glyph_font.h"
 #include "render/pixels.h"
-#include "render/render_graphics.h"
 #include "render/text_image.h"
 #include "render/text_measure.h"
 
@@ -106,10 +104,12 @@ void CQRDObjectText::RenderMissingLayers() {
     const int rendered =
         RenderTextLayers(m_arrChar.data(), CharCount(), m_arrGlyph, m_layout.pos.data(), m_effect,
                          m_attr, m_fScale, m_fScale);
-    if (rendered > 0) m_pRotated.Reset();
     m_nRendered += rendered;
     for (size_t i = 0; i < m_arrGlyph.size(); ++i)
-        if (!had[i] && m_arrGlyph[i].Rendered()) AddDirty(m_arrGlyph[i]);
+        if (!had[i] && m_arrGlyph[i].Rendered()) {
+            AddDirty(m_arrGlyph[i]);
+            m_pRotated.Reset();  // a shared twin is new to the image too
+        }
 }
 
 void CQRDObjectText::PrepareDraw() {
