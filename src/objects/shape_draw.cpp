@@ -16,11 +16,6 @@ namespace {
 // picture is resampled.
 constexpr int SD_HEIGHT = 486;
 
-QImage Wrap(uint32_t* bits, int width, int height) {
-    return QImage(reinterpret_cast<uchar*>(bits), width, height, width * 4,
-                  QImage::Format_ARGB32_Premultiplied);
-}
-
 void ScaleAcross(ObjectImage& image, float xScale) {
     if (xScale == 1.0f || image.width <= 0 || image.height <= 0) return;
     ObjectImage scaled;
@@ -69,11 +64,8 @@ void CQRDObjectShape::Draw() {
         m_nImageAngle = m_nAngle;
         m_nImageTarget = height;
     }
-    if (m_image.width <= 0 || m_image.height <= 0) return;
-    QImage canvas = Wrap(m_pPage->GetCanvasBits(), width, height);
-    QPainter painter(&canvas);
-    painter.drawImage(QPoint(m_rcView.left - s.x + m_image.x, m_rcView.top - s.y + m_image.y),
-                      m_image.Wrap());
+    QImage canvas = WrapBlock(m_pPage->GetCanvasBits(), width, height);
+    m_image.DrawOn(canvas, QPoint(m_rcView.left - s.x, m_rcView.top - s.y));
 }
 
 void CQRDObjectShape::DrawTo(uint32_t* bits, int width, int height) {
@@ -84,10 +76,8 @@ void CQRDObjectShape::DrawTo(uint32_t* bits, int width, int height) {
         Render(fresh, m_rcStored.Width(), m_rcStored.Height(), 1.0f, height);
         image = &fresh;
     }
-    if (image->width <= 0 || image->height <= 0) return;
-    QImage canvas = Wrap(bits, width, height);
-    QPainter painter(&canvas);
-    painter.drawImage(QPoint(m_rcStored.left + image->x, m_rcStored.top + image->y), image->Wrap());
+    QImage canvas = WrapBlock(bits, width, height);
+    image->DrawOn(canvas, QPoint(m_rcStored.left, m_rcStored.top));
 }
 
 void CQRDObjectShape::PrepareLiveFrame(int, int, int, int) {

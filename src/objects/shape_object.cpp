@@ -64,8 +64,6 @@ void CQRDObjectShape::SetControl(QPointF stored) {
     m_fCtrlX = static_cast<float>(stored.x());
     m_fCtrlY = static_cast<float>(stored.y());
     m_rcCtrlBox = m_rcStored;
-    m_fViewCtrlX = m_fCtrlX * m_fZoom;
-    m_fViewCtrlY = m_fCtrlY * m_fZoom;
     Changed();
 }
 
@@ -137,8 +135,6 @@ bool CQRDObjectShape::Execute(const void* args, uint32_t code) {
 void CQRDObjectShape::OnZoom() {
     CQRDObject::OnZoom();
     m_fZoom = Zoom() / 100.0f;
-    m_fViewCtrlX = m_fCtrlX * m_fZoom;
-    m_fViewCtrlY = m_fCtrlY * m_fZoom;
     Changed();
 }
 

@@ -3,7 +3,6 @@
 // face, edge, outline and shadow as text. One control point (the yellow
 // handle) sets a corner radius, an arrow's neck or a slant.
 
-#include <QPainterPath>
 #include <QPointF>
 
 #include "objects/qrd_object.h"
@@ -56,13 +55,11 @@ public:
     void SetEditing(bool on);
     bool Editing() const { return m_bEdit != 0; }
     const ObjectImage& CachedImage() const { return m_image; }
-    const ObjectImage& PreparedImage() const { return m_prepared; }
 
     int32_t m_nKind = 0;
     UstEffect m_effect{};
     UstAttr m_attr{};
-    float m_fCtrlX = 0, m_fCtrlY = 0;          // page units, for m_rcCtrlBox
-    float m_fViewCtrlX = 0, m_fViewCtrlY = 0;  // the same at the zoom
+    float m_fCtrlX = 0, m_fCtrlY = 0;  // page units, for m_rcCtrlBox
     float m_fZoom = 1.0f;
     int32_t m_bEdit = 0;
 
@@ -76,7 +73,6 @@ private:
     void SetControl(QPointF stored);
     void Changed();
     UstRect m_rcCtrlBox;  // the stored box the control point was set for
-    QPainterPath m_path;  // the figure at the zoom, for the handle's outline
     ObjectImage m_image;  // at the zoom, box corner at (0, 0)
     int m_nImageAngle = 0, m_nImageTarget = 0;
     UstRect m_rcImageBox;

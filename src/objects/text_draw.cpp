@@ -13,11 +13,6 @@ namespace orv {
 
 namespace {
 
-QImage WrapCanvas(uint32_t* bits, int width, int height) {
-    return QImage(reinterpret_cast<uchar*>(bits), width, height, width * 4,
-                  QImage::Format_ARGB32_Premultiplied);
-}
-
 void InvertFrame(uint32_t* bits, int width, int height, const UstRect& r) {
     auto invert = [&](int x, int y) {
         if (x >= 0 && y >= 0 && x < width && y < height)
@@ -132,7 +127,7 @@ void CQRDObjectText::DrawClipped(const UstRect& canvasArea) {
         return;
     const UstPoint s = m_pPage->GetScrollOrigin();
     QImage canvas =
-        WrapCanvas(m_pPage->GetCanvasBits(), m_pPage->GetCanvasWidth(), m_pPage->GetCanvasHeight());
+        WrapBlock(m_pPage->GetCanvasBits(), m_pPage->GetCanvasWidth(), m_pPage->GetCanvasHeight());
     DrawLayers(canvas, QPoint(-s.x, -s.y), m_arrGlyph, canvasArea.ToQRect());
 }
 
@@ -154,7 +149,7 @@ void CQRDObjectText::Draw() {
     m_bDirtyAll = false;
     const UstPoint s = m_pPage->GetScrollOrigin();
     const int w = m_pPage->GetCanvasWidth(), h = m_pPage->GetCanvasHeight();
-    QImage canvas = WrapCanvas(m_pPage->GetCanvasBits(), w, h);
+    QImage canvas = WrapBlock(m_pPage->GetCanvasBits(), w, h);
     DrawKept(canvas, QPoint(-s.x, -s.y));
     if (IsEditing()) DrawSelectionBars(m_pPage->GetCanvasBits(), w, h);
 }
@@ -168,17 +163,15 @@ void CQRDObjectText::DrawKept(QImage& canvas, QPoint shift) {
     // The canvas turns a text by setting its angle while dragging.
     if (!m_pRotated.Made() || m_nRotatedAngle != m_nAngle) {
         StackTextImage(m_arrChar.data(), CharCount(), m_arrGlyph,
-                       TextExtent(m_arrChar.data(), CharCount(), m_arrGlyph), m_nAngle,
-                       m_pRotated);
+                       TextExtent(m_arrChar.data(), CharCount(), m_arrGlyph), m_nAngle, m_pRotated);
         m_nRotatedAngle = m_nAngle;
     }
-    QPainter painter(&canvas);
-    painter.drawImage(QPoint(m_pRotated.x, m_pRotated.y) + shift, m_pRotated.Wrap());
+    m_pRotated.DrawOn(canvas, shift);
 }
 
 void CQRDObjectText::DrawTo(uint32_t* bits, int width, int height) {
     if (!bits || m_arrChar.empty()) return;
-    QImage canvas = WrapCanvas(bits, width, height);
+    QImage canvas = WrapBlock(bits, width, height);
     if (m_fScale == 1.0f && m_rcView == m_rcLaid) {
         // At full zoom the canvas's layers are the page's own.
         RenderMissingLayers();
@@ -190,9 +183,7 @@ void CQRDObjectText::DrawTo(uint32_t* bits, int width, int height) {
     ObjectImage image;
     RenderTextImage(m_arrChar.data(), CharCount(), glyphs, layout.pos.data(), m_effect, m_attr,
                     1.0f, 1.0f, m_nAngle, &image);
-    if (image.width <= 0 || image.height <= 0) return;
-    QPainter painter(&canvas);
-    painter.drawImage(QPoint(image.x, image.y), image.Wrap());
+    image.DrawOn(canvas, QPoint(0, 0));
 }
 
 UstTextLayout CQRDObjectText::StoredLayout(UstRect* rect) const {

@@ -320,6 +320,19 @@ void RenderShadow(const LayerRects& rc, UstScratchSet& s, const QPainterPath& pa
                 RegionFromPath(path, rc.canvasWidth, rc.canvasHeight));
 }
 
+void RenderLayersOnCanvas(const LayerRects& rc, UstScratchSet& scratch, const QPainterPath& path,
+                          int shadowType, ObjectImage& out) {
+    out.Allocate(rc.canvasWidth, rc.canvasHeight);
+    out.x = rc.canvasX, out.y = rc.canvasY;
+    QImage canvas = out.Wrap();
+    if (canvas.isNull()) return;
+    const auto graphics = CreateRenderGraphics(canvas, true);
+    const UstLayerTarget layer{out.pBlock.get(), *graphics};
+    RenderShadow(rc, scratch, path, layer, shadowType);
+    RenderEdgeAndOutline(rc, scratch, path, layer);
+    RenderFace(scratch, path, *graphics);
+}
+
 UstRegion RegionFromMask(const uint32_t* block, int width, int height) {
     UstRegion region;
     if (!block || width <= 0 || height <= 0) return region;

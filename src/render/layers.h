@@ -11,6 +11,7 @@
 #include "render/attr_records.h"
 #include "render/fill_brush.h"
 #include "render/geometry.h"
+#include "render/object_image.h"
 
 namespace orv {
 
@@ -69,6 +70,11 @@ void RenderEdgeAndOutline(const LayerRects& rects, UstScratchSet& scratch, const
                           UstLayerTarget layer);
 void RenderShadow(const LayerRects& rects, UstScratchSet& scratch, const QPainterPath& path,
                   UstLayerTarget layer, int shadowType);
+
+// A new canvas of the rectangles' size at their place, with the shadow,
+// then the edge and outline, then the face rendered straight onto it.
+void RenderLayersOnCanvas(const LayerRects& rects, UstScratchSet& scratch, const QPainterPath& path,
+                          int shadowType, ObjectImage& out);
 
 // One 1-pixel-high rectangle per run of non-zero pixels in each row.
 using UstRegion = std::vector<UstRect>;

@@ -29,10 +29,33 @@ void ObjectImage::Allocate(int w, int h) {
     pBlock.reset(new uint32_t[std::max<size_t>(1, static_cast<size_t>(width) * height)]());
 }
 
+QImage WrapBlock(uint32_t* block, int width, int height) {
+    return QImage(reinterpret_cast<uchar*>(block), width, height, width * 4,
+                  QImage::Format_ARGB32_Premultiplied);
+}
+
+QImage WrapBlock(const uint32_t* block, int width, int height) {
+    return QImage(reinterpret_cast<const uchar*>(block), width, height, width * 4,
+                  QImage::Format_ARGB32_Premultiplied);
+}
+
 QImage ObjectImage::Wrap() const {
     if (!pBlock || width <= 0 || height <= 0) return {};
-    return QImage(reinterpret_cast<uchar*>(pBlock.get()), width, height, width * 4,
-                  QImage::Format_ARGB32_Premultiplied);
+    return WrapBlock(pBlock.get(), width, height);
+}
+
+void ObjectImage::DrawOn(QImage& canvas, QPoint offset) const {
+    if (!pBlock || width <= 0 || height <= 0) return;
+    QPainter painter(&canvas);
+    painter.drawImage(QPoint(x, y) + offset, Wrap());
+}
+
+void ObjectImage::Turn(int cx, int cy, int degrees) {
+    if (!pBlock) return;
+    ObjectImage turned;
+    RotateImage(std::move(pBlock), width, height, cx, cy, degrees, turned);
+    turned.x += x, turned.y += y;
+    *this = std::move(turned);
 }
 
 void RotateImage(std::unique_ptr<uint32_t[]> block, int width, int height, int cx, int cy,
@@ -52,8 +75,7 @@ void RotateImage(std::unique_ptr<uint32_t[]> block, int width, int height, int c
     out.x = left, out.y = top;
     QImage target = out.Wrap();
     if (!block || width <= 0 || height <= 0 || target.isNull()) return;
-    const QImage source(reinterpret_cast<const uchar*>(block.get()), width, height, width * 4,
-                        QImage::Format_ARGB32_Premultiplied);
+    const QImage source = WrapBlock(block.get(), width, height);
     const auto graphics = CreateRenderGraphics(target, true);
     graphics->translate(centre);
     graphics->rotate(degrees);

@@ -19,7 +19,16 @@ struct ObjectImage {
     void Reset() { *this = ObjectImage{}; }
     // The block as a premultiplied image sharing its memory.
     QImage Wrap() const;
+    // Draws the image over the canvas at its position moved by offset.
+    void DrawOn(QImage& canvas, QPoint offset) const;
+    // Turns the image about (cx, cy), taken from its own corner; its
+    // position follows the turned bound.
+    void Turn(int cx, int cy, int degrees);
 };
+
+// A premultiplied image over a block, sharing its memory.
+QImage WrapBlock(uint32_t* block, int width, int height);
+QImage WrapBlock(const uint32_t* block, int width, int height);
 
 // Turns the block by degrees (clockwise on the screen) about (cx, cy),
 // taking it over. The result is the turned bound, cleared around the

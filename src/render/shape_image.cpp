@@ -1,7 +1,6 @@
 #include "render/shape_image.h"
 
 #include "render/layers.h"
-#include "render/render_graphics.h"
 #include "render/shape_path.h"
 
 namespace orv {
@@ -25,24 +24,9 @@ void RenderShapeImage(ObjectImage& out, int kind, int left, int top, int right, 
     // The path goes to the brushes, so that a path gradient follows the figure.
     MakeLayerBrushes(scratch, attr.fill[UstAttr::BODY], attr, rc, &path, xScale, yScale,
                      effect.nShadowType);
-    out.Allocate(rc.canvasWidth, rc.canvasHeight);
-    out.x = rc.canvasX, out.y = rc.canvasY;
-    QImage canvas = out.Wrap();
-    {
-        const auto graphics = CreateRenderGraphics(canvas, true);
-        const UstLayerTarget layer{out.pBlock.get(), *graphics};
-        RenderShadow(rc, scratch, path, layer, effect.nShadowType);
-        RenderEdgeAndOutline(rc, scratch, path, layer);
-        RenderFace(scratch, path, *graphics);
-    }
-    if (rotation % 360 != 0) {
-        const UstRect& s = rc.rcStroke;
-        ObjectImage turned;
-        RotateImage(std::move(out.pBlock), out.width, out.height, (s.left + s.right) / 2,
-                    (s.top + s.bottom) / 2, rotation, turned);
-        turned.x += out.x, turned.y += out.y;
-        out = std::move(turned);
-    }
+    RenderLayersOnCanvas(rc, scratch, path, effect.nShadowType, out);
+    const UstRect& s = rc.rcStroke;
+    if (rotation % 360 != 0) out.Turn((s.left + s.right) / 2, (s.top + s.bottom) / 2, rotation);
     if (target && out.width > 0 && out.height > 0)
         target->drawImage(QPoint(out.x, out.y), out.Wrap());
 }

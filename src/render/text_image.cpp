@@ -46,8 +46,7 @@ bool Drawn(const UstCharAttr& c) {
 template <typename Draw>
 void MakeLayer(UstFES& out, UstFES::Layer which, Draw draw) {
     UstLayerBlock block(new uint32_t[static_cast<size_t>(out.w) * out.h]());
-    QImage image(reinterpret_cast<uchar*>(block.get()), out.w, out.h, out.w * 4,
-                 QImage::Format_ARGB32_Premultiplied);
+    QImage image = WrapBlock(block.get(), out.w, out.h);
     {
         const auto graphics = CreateRenderGraphics(image, true);
         draw(UstLayerTarget{block.get(), *graphics});
@@ -210,8 +209,7 @@ void DrawTextLayers(const UstCharAttr* chars, int count, const std::vector<UstFE
             if (!Drawn(chars[i]) || !rec.pLayer[layer]) continue;
             const QRect at(rec.x + shift.x(), rec.y + shift.y(), rec.w, rec.h);
             if (!visible.intersects(at)) continue;
-            const QImage block(reinterpret_cast<const uchar*>(rec.pLayer[layer].get()), rec.w,
-                               rec.h, rec.w * 4, QImage::Format_ARGB32_Premultiplied);
+            const QImage block = WrapBlock(rec.pLayer[layer].get(), rec.w, rec.h);
             graphics.drawImage(at.topLeft(), block);
         }
 }
@@ -219,11 +217,7 @@ void DrawTextLayers(const UstCharAttr* chars, int count, const std::vector<UstFE
 void TurnTextImage(ObjectImage& image, const UstTextExtent& extent, int rotation) {
     if (rotation % 360 == 0 || !image.Made()) return;
     const UstRect s = Offset(extent.stroke, -image.x, -image.y);
-    ObjectImage turned;
-    RotateImage(std::move(image.pBlock), image.width, image.height, (s.left + s.right) / 2,
-                (s.top + s.bottom) / 2, rotation, turned);
-    turned.x += image.x, turned.y += image.y;
-    image = std::move(turned);
+    image.Turn((s.left + s.right) / 2, (s.top + s.bottom) / 2, rotation);
 }
 
 UstTextExtent TextExtent(const UstCharAttr* chars, int count, const std::vector<UstFES>& fes) {
@@ -278,22 +272,13 @@ void RenderSingleGlyph(ObjectImage& out, const UstCharAttr& c, const UstEffect& 
     scratch.Prepare(rc.canvasWidth, rc.canvasHeight);
     MakeLayerBrushes(scratch, FaceFill(attr, c), attr, rc, nullptr, xScale, yScale,
                      effect.nShadowType);
-    out.Allocate(rc.canvasWidth, rc.canvasHeight);
-    out.x = rc.canvasX, out.y = rc.canvasY;
-    QImage canvas = out.Wrap();
     QPainterPath path;
     GlyphFont glyphFont;
     if (glyphFont.SetFont(font))
         glyphFont.AddGlyph(path, c.nChar, static_cast<float>(rc.rcFace.left),
                            static_cast<float>(rc.rcFace.top), c.metric.nShear);
-    {
-        const auto graphics = CreateRenderGraphics(canvas, true);
-        const UstLayerTarget layer{out.pBlock.get(), *graphics};
-        RenderShadow(rc, scratch, path, layer, effect.nShadowType);
-        RenderEdgeAndOutline(rc, scratch, path, layer);
-        RenderFace(scratch, path, *graphics);
-    }
-    if (target) target->drawImage(QPoint(out.x, out.y), canvas);
+    RenderLayersOnCanvas(rc, scratch, path, effect.nShadowType, out);
+    if (target) target->drawImage(QPoint(out.x, out.y), out.Wrap());
 }
 
 }  // namespace orv
