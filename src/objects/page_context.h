@@ -2,11 +2,15 @@
 // What an object needs to know of the page it stands on. The page implements
 // this, so that objects never reach above their own library.
 
+#include <QString>
+
 #include <cstdint>
 
 #include "render/geometry.h"
 
 namespace orv {
+
+class CQRDObject;
 
 class CPageContext {
 public:
@@ -16,8 +20,13 @@ public:
     virtual UstPoint GetCanvasOrigin() const = 0;  // the canvas's corner in the window
     virtual int GetCanvasWidth() const = 0;        // view units
     virtual int GetCanvasHeight() const = 0;
-    virtual uint32_t* GetCanvasBits() = 0;   // premultiplied; null without a view
-    virtual void ObjectRemovedItself() = 0;  // an object that cannot stay
+    virtual uint32_t* GetCanvasBits() = 0;  // premultiplied; null without a view
+    // An object that cannot stay asks its page to let it go. The page takes
+    // it out once the walk over its objects has ended, and deletes it.
+    virtual void ObjectRemovedItself(CQRDObject* object) = 0;
+    // The project's folder of media files, ending in a separator; empty
+    // when the project has none.
+    virtual QString ObjectFolder() const { return {}; }
     // Scrolls a long page so that the rectangle (page pixels at the zoom)
     // can be seen.
     virtual void ScrollToShow(const UstRect&) {}

@@ -107,6 +107,17 @@ public:
     // The text an object adds to its page's text list; only text has any.
     virtual QString GetPlainText() const { return {}; }
 
+    // The file form. Each archived class writes the head below and then its
+    // own fields; reading throws on data that cannot be this class's.
+    virtual void Serialize(CByteWriter& out) const { WriteArchiveHead(out); }
+    virtual bool Deserialize(CByteReader& in) {
+        if (ReadArchiveHead(in)) m_rcOld = in.Get<UstRect>();
+        return true;
+    }
+    // The class name a project file records for the object; null for a
+    // class that never reaches a file.
+    virtual const char* ArchiveClassName() const { return nullptr; }
+
     // The head every archived object starts with, and its reader, which
     // answers whether an old rectangle follows the class's own fields.
     void WriteArchiveHead(CByteWriter& out) const;

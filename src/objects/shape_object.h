@@ -40,8 +40,9 @@ public:
     void FreeLive() override { m_prepared.Reset(); }
 
     // The file form.
-    void Serialize(CByteWriter& out) const;
-    bool Deserialize(CByteReader& in);
+    void Serialize(CByteWriter& out) const override;
+    bool Deserialize(CByteReader& in) override;
+    const char* ArchiveClassName() const override { return "CQRDObjectShape"; }
 
     // The control point in page units for the box as it stands: a box
     // resized since the point was set carries it along.
