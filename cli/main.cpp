@@ -1,24 +1,40 @@
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
 #include "project/demo_page.h"
+#include "project_commands.h"
 
 namespace {
 
 const char* const HELP =
     "Usage: orvantis-cli [--help] [--version]\n"
     "       orvantis-cli demo OUT.png\n"
+    "       orvantis-cli info [--json] PROJECT\n"
+    "       orvantis-cli resave PROJECT OUT\n"
+    "       orvantis-cli render PROJECT PAGE OUT.png|OUT.tga\n"
+    "       orvantis-cli export-all PROJECT DIR\n"
     "\n"
-    "The headless companion of the Orvantis-HD editor. It will render pages to\n"
-    "images, report on and re-save projects, convert image sequences to ANI32\n"
-    "and play a page to an output, as those parts of the system arrive.\n"
+    "The headless companion of the Orvantis-HD editor. PROJECT is a project\n"
+    "file (project.qrdprj); its Data and Object folders lie beside it.\n"
     "\n"
     "  --help        show this text\n"
     "  --version     show the version\n"
     "  demo OUT.png  render the built-in sample page at 1920 x 1080 and save it\n"
-    "                as a PNG; what the page leaves empty stays transparent\n";
+    "                as a PNG; what the page leaves empty stays transparent\n"
+    "  info          the header, and per page its type, effect settings and\n"
+    "                objects with their kind, box and text; --json prints one\n"
+    "                JSON object instead\n"
+    "  resave        load the project and save it as OUT\n"
+    "  render        draw page PAGE (counted from 1) at the frame size, as it\n"
+    "                goes to air, with its transparency\n"
+    "  export-all    every page as DIR/page001.png, page002.png, ...\n"
+    "\n"
+    "Exit status: 0 done, 1 a file did not load or could not be written (one\n"
+    "line on stderr names the file and the reason), 2 bad usage.\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {
@@ -40,10 +56,31 @@ int Demo(int argc, char** argv) {
     return 0;
 }
 
+struct UstCommand {
+    const char* name;
+    int (*run)(const std::vector<QString>&);
+};
+
+constexpr UstCommand PROJECT_COMMANDS[] = {
+    {"info", orv::cli::Info},
+    {"resave", orv::cli::Resave},
+    {"render", orv::cli::Render},
+    {"export-all", orv::cli::ExportAll},
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "demo") == 0) return Demo(argc, argv);
+    for (const UstCommand& c : PROJECT_COMMANDS) {
+        if (argc < 2 || std::strcmp(argv[1], c.name) != 0) continue;
+        // Image plug-ins for pictures and backgrounds are found through it.
+        QCoreApplication app(argc, argv);
+        std::vector<QString> args;
+        for (int i = 2; i < argc; ++i)
+            args.push_back(QString::fromLocal8Bit(argv[i]));
+        return c.run(args);
+    }
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
             std::printf("orvantis-cli 1.62\n");

@@ -109,9 +109,10 @@ public:
     void DrawHandles();
     void Repaint();
     void UpdateThumbnail();
-    // The page at full scale into a cleared straight block of w x h, as it
-    // would go to air; what each object draws for play.
+    // The page at full scale into a cleared block of w x h, as it would go
+    // to air: the background, then what each object draws for play.
     void DrawToImage(uint32_t* bits, int w, int h);
+    void DrawBackgroundTo(uint32_t* bits, int w, int h) const;
     void RebuildPageText(bool measure);
     void SetModified(bool modified);
     void PushUndo(int kind);

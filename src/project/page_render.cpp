@@ -7,6 +7,7 @@
 
 #include "project/canvas_overlays.h"
 #include "project/page_manager.h"
+#include "render/image_file.h"
 #include "render/pixels.h"
 
 namespace orv {
@@ -63,8 +64,20 @@ void CPageManager::UpdateThumbnail() {
 void CPageManager::DrawToImage(uint32_t* bits, int w, int h) {
     if (!bits || w <= 0 || h <= 0) return;
     ClearPixels(bits, w, h);
+    DrawBackgroundTo(bits, w, h);
     for (auto& o : m_objects)
         o->DrawTo(bits, w, h);
+}
+
+// The background file stretched over the frame as it is, straight pixels
+// and all, under the objects. A file that has gone leaves the frame clear.
+void CPageManager::DrawBackgroundTo(uint32_t* bits, int w, int h) const {
+    if (!m_background.bPresent || IsScrollPage() || m_background.strFile.isEmpty()) return;
+    const QString folder = ObjectFolder();
+    if (folder.isEmpty()) return;
+    const UstPixelImage image = LoadImageFile(folder + m_background.strFile);
+    if (!image) return;
+    ScalePixelRect(bits, {0, 0, w, h}, image.bits.get(), {0, 0, image.width, image.height}, 2);
 }
 
 void CPageManager::RebuildPageText(bool measure) {
