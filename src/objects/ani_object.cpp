@@ -26,7 +26,7 @@ void CQRDObjectAni::AfterLoad() {
     m_pPage->ObjectRemovedItself(this);
 }
 
-// A dashed frame with a cross: where the still frame will stand.
+// A grey frame with a cross: where the still frame will stand.
 void CQRDObjectAni::Draw() {
     if (!m_pPage || !m_pPage->GetCanvasBits()) return;
     const int width = m_pPage->GetCanvasWidth(), height = m_pPage->GetCanvasHeight();
@@ -34,7 +34,7 @@ void CQRDObjectAni::Draw() {
     if (!Meets(r, {0, 0, width, height}) || r.Width() < 2 || r.Height() < 2) return;
     QImage canvas = WrapBlock(m_pPage->GetCanvasBits(), width, height);
     QPainter painter(&canvas);
-    painter.setPen(QPen(QColor(128, 128, 128), 1, Qt::DashLine));
+    painter.setPen(QPen(QColor(128, 128, 128), 1));
     const QRect box(r.left, r.top, r.Width() - 1, r.Height() - 1);
     painter.drawRect(box);
     painter.drawLine(box.topLeft(), box.bottomRight());

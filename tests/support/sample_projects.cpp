@@ -75,6 +75,8 @@ void BuildDemo(CProjectManager& project) {
 void BuildPages(CProjectManager& project) {
     CPageManager* cut = project.InsertPage(-1);
     cut->AddObject(Text("Good evening", 72, 200, 300));
+    // An origin that a zoom and back does not give again exactly.
+    cut->AddObject(Text("and welcome", 36, 101.5f, 400.0f));
     for (uint32_t type : {1u, 2u}) {
         CPageManager* page = project.InsertPage(project.PageCount() - 1);
         page->ExecCommand(&type, CMD_PAGE_TYPE);
