@@ -124,4 +124,25 @@ void CheckArchivedEffect(const UstEffect& effect, const char* what) {
             throw std::runtime_error(std::string(what) + " has effect sizes out of all bounds");
 }
 
+void CheckArchivedFont(const UstFontBlock& font, const UstTextMetric& metric, const char* what) {
+    // The controls stop at 1001 points, 400 percent and a shear of 10; these
+    // leave room for what fitting a text to a box can reach.
+    constexpr int32_t MAX_SIZE = 4096, MAX_WIDTH = 10000, MAX_SHEAR = 1000;
+    constexpr int32_t MAX_GAP = 100000;
+    const int32_t size = font.nSize, width = metric.nWidth, shear = metric.nShear;
+    const int32_t spacing = metric.nSpacing, leading = metric.nLeading;
+    if (size < 0 || size > MAX_SIZE || width < 0 || width > MAX_WIDTH || shear < -MAX_SHEAR ||
+        shear > MAX_SHEAR || spacing < -MAX_GAP || spacing > MAX_GAP || leading < -MAX_GAP ||
+        leading > MAX_GAP)
+        throw std::runtime_error(std::string(what) +
+                                 " has a font size or metric out of all bounds");
+}
+
+void CheckArchivedChar(const UstCharAttr& c, const char* what) {
+    CheckArchivedFont(c.font, c.metric, what);
+    for (const int32_t v : {c.nBoxWidth, c.nBoxHeight, c.nOriginX, c.nAdvance, c.nOriginY})
+        if (v < -ARCHIVE_COORD_LIMIT || v > ARCHIVE_COORD_LIMIT)
+            throw std::runtime_error(std::string(what) + " has a character measured beyond reason");
+}
+
 }  // namespace orv

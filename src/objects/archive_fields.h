@@ -10,6 +10,7 @@
 #include "objects/byte_stream.h"
 #include "render/attr_records.h"
 #include "render/geometry.h"
+#include "render/text_records.h"
 
 namespace orv {
 
@@ -33,5 +34,10 @@ constexpr int32_t ARCHIVE_COORD_LIMIT = 1 << 24;
 void CheckArchivedRect(const UstRect& rect, const char* what);
 void CheckArchivedPoint(float x, float y, const char* what);
 void CheckArchivedEffect(const UstEffect& effect, const char* what);
+// A character's size, width ratio, shear, spacing and leading far beyond
+// what the controls set (they would make fonts and images no memory holds),
+// or measures beyond the coordinate limit.
+void CheckArchivedFont(const UstFontBlock& font, const UstTextMetric& metric, const char* what);
+void CheckArchivedChar(const UstCharAttr& c, const char* what);
 
 }  // namespace orv

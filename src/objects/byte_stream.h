@@ -47,6 +47,7 @@ public:
     }
     void GetBytes(void* out, size_t size) {
         if (static_cast<size_t>(m_end - m_p) < size) throw std::out_of_range("short buffer");
+        if (size == 0) return;  // an empty destination may have no address
         std::memcpy(out, m_p, size);
         m_p += size;
     }

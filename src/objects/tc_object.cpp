@@ -171,6 +171,7 @@ bool CQRDObjectTC::Deserialize(CByteReader& in) {
     if (hasOldRect) m_rcOld = in.Get<UstRect>();
     CheckArchivedPoint(m_fStoreX, m_fStoreY, "a timer's origin");
     CheckArchivedEffect(m_attr.effect, "a timer");
+    CheckArchivedFont(m_attr.font, m_attr.metric, "a timer");
     ReplaceMissingFace();
     LayOut();
     CheckArchivedRect(m_rcView, "a timer");

@@ -242,6 +242,8 @@ bool CQRDObjectText::Deserialize(CByteReader& in) {
     if (hasOldRect) m_rcOld = in.Get<UstRect>();
     CheckArchivedPoint(m_fStoreX, m_fStoreY, "a text's origin");
     CheckArchivedEffect(m_effect, "a text");
+    for (const UstCharAttr& c : m_arrChar)
+        CheckArchivedChar(c, "a text");
     m_arrGlyph.assign(m_arrChar.size(), UstFES{});
     RemeasureMissingFaces();
     CheckLaidOut();

@@ -135,6 +135,12 @@ void CProjectManager::Serialize(CByteWriter& header, CArchiveOut& list) const {
     if (!m_aPages.empty()) h.strFirstThumb = m_aPages.front()->m_strThumbFile;
     h.nWidth = m_nWidth;
     h.nHeight = m_nHeight;
+    CByteWriter full;
+    WriteProjectHeader(full, h);
+    // A name so long that the frame size would stand where the list goes
+    // (only a file from elsewhere can have one) is left out: the frame
+    // matters, the name only serves the preview of the Open dialog.
+    if (full.Size() > PROJECT_HEADER_AREA) h.strFirstThumb.clear();
     WriteProjectHeader(header, h);
     list.WriteCount(static_cast<uint32_t>(m_aPages.size()));
     for (const auto& page : m_aPages)
@@ -172,6 +178,11 @@ int CProjectManager::SaveProject(const QString& path, QString* error) {
 int CProjectManager::LoadProject(const QString& path, QString* error) {
     QByteArray bytes;
     if (!ReadWhole(path, bytes, error)) return 0;
+    return LoadProjectBytes(bytes, QFileInfo(path).absolutePath() + '/', error);
+}
+
+int CProjectManager::LoadProjectBytes(const QByteArray& bytes, const QString& folder,
+                                      QString* error) {
     UstLoadedProject loaded;
     try {
         ParseProject(bytes, loaded);
@@ -188,7 +199,7 @@ int CProjectManager::LoadProject(const QString& path, QString* error) {
     m_pEditObject = nullptr;
     m_aPages = std::move(loaded.pages);
     SetFrame(loaded.header.nWidth, loaded.header.nHeight);
-    m_strFolder = QFileInfo(path).absolutePath() + '/';
+    m_strFolder = folder;
     m_nPageCount = static_cast<int32_t>(m_aPages.size());
     for (auto& page : m_aPages)
         page->Attach(this, nullptr);

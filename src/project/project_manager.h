@@ -76,6 +76,8 @@ public:
     // the file's. The pages are attached to this project but not to a view.
     // 0 with the reason on any damage, and then the project is as it was.
     int LoadProject(const QString& path, QString* error = nullptr);
+    // The same from a whole file's bytes, for a project in the folder.
+    int LoadProjectBytes(const QByteArray& bytes, const QString& folder, QString* error = nullptr);
     // The frame and its thumbnail geometry: 640 wide gives 300 x 225,
     // anything else 300 x 170.
     void SetFrame(int width, int height);

@@ -79,7 +79,7 @@ QString CreateThumbFile(const QString& dataFolder, int width, int height) {
 
 std::vector<uint32_t> ReadThumbFile(const QString& path, int width, int height) {
     QFile file(path);
-    if (width <= 0 || height <= 0 || !file.open(QIODevice::ReadOnly)) return {};
+    if (path.isEmpty() || width <= 0 || height <= 0 || !file.open(QIODevice::ReadOnly)) return {};
     const qint64 offset = PixelOffset(file);
     const auto bytes = static_cast<qint64>(width) * height * 4;
     if (offset < 0 || offset > file.size() || file.size() - offset < bytes || !file.seek(offset))

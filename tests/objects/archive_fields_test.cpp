@@ -122,6 +122,21 @@ TEST(ArchiveChecks, RectanglesPointsAndEffectsOutOfBounds) {
     e.nRes0 = INT32_MIN;  // reserved words are only carried
     e.nShadowX = -1000;
     EXPECT_NO_THROW(CheckArchivedEffect(e, "e"));
+    UstCharAttr c = NewCharAttr();
+    c.font.nSize = 4096;
+    c.metric.nShear = -1000;
+    c.nAdvance = -ARCHIVE_COORD_LIMIT;
+    EXPECT_NO_THROW(CheckArchivedChar(c, "c"));
+    for (auto change :
+         {+[](UstCharAttr& x) { x.font.nSize = 4097; }, +[](UstCharAttr& x) { x.font.nSize = -1; },
+          +[](UstCharAttr& x) { x.metric.nWidth = 10001; },
+          +[](UstCharAttr& x) { x.metric.nShear = 1001; },
+          +[](UstCharAttr& x) { x.metric.nLeading = -100001; },
+          +[](UstCharAttr& x) { x.nOriginY = ARCHIVE_COORD_LIMIT + 1; }}) {
+        UstCharAttr bad = c;
+        change(bad);
+        EXPECT_THROW(CheckArchivedChar(bad, "c"), std::runtime_error);
+    }
     e.nEdge = 1001;
     try {
         CheckArchivedEffect(e, "a shape");

@@ -51,9 +51,9 @@ UstCharAttr Char(uint32_t code, int32_t advance) {
 }
 
 void TextBody(CBytes& b, const QString& text, float x, float y, int32_t advance) {
-    b.Version().I32(0).I32(1).I32(0);             // words, lock
-    b.I32(0).I32(0).F32(x).F32(y);                // angle, typing, origin
-    b.I32(static_cast<int32_t>(text.size()));     // characters
+    b.Version().I32(0).I32(1).I32(0);          // words, lock
+    b.I32(0).I32(0).F32(x).F32(y);             // angle, typing, origin
+    b.I32(static_cast<int32_t>(text.size()));  // characters
     b.Record(MakeDefaultEffect()).Record(MakeDefaultAttr());
     for (const QChar ch : text)
         b.Record(Char(ch.unicode(), advance));
@@ -206,29 +206,39 @@ TEST_F(HandBuiltFile, EachKindOfDamageIsRefusedWithItsReason) {
         [](UstKnobs& k) { k.listCount = {0xFF, 0xFF, 0, 0, 0, 0x10}; });
     add("string", "string is longer than the rest of the file",
         [](UstKnobs& k) { k.thumbName = {0xFF, 0xFE, 0xFF, 0xFF, 0xF0, 0xFF}; });
-    add("back-reference to a page", "CPageManager where an object belongs",
-        [](UstKnobs& k) { k.page2ObjectTag = {0x02, 0x00}; });
-    add("object twice", "CQRDObjectText referred to twice",
-        [](UstKnobs& k) { k.page2ObjectTag = {0x04, 0x00}; });
-    add("page twice", "CPageManager referred to twice",
-        [](UstKnobs& k) { k.page2Tag = {0x02, 0x00}; });
-    add("forward reference", "entry 80, which was never read",
-        [](UstKnobs& k) { k.page2ObjectTag = {0x50, 0x00}; });
-    add("class index of an object", "class index 2 that names no class",
-        [](UstKnobs& k) { k.page2ObjectTag = {0x02, 0x80}; });
+    add("back-reference to a page", "CPageManager where an object belongs", [](UstKnobs& k) {
+        k.page2ObjectTag = {0x02, 0x00};
+    });
+    add("object twice", "CQRDObjectText referred to twice", [](UstKnobs& k) {
+        k.page2ObjectTag = {0x04, 0x00};
+    });
+    add("page twice", "CPageManager referred to twice", [](UstKnobs& k) {
+        k.page2Tag = {0x02, 0x00};
+    });
+    add("forward reference", "entry 80, which was never read", [](UstKnobs& k) {
+        k.page2ObjectTag = {0x50, 0x00};
+    });
+    add("class index of an object", "class index 2 that names no class", [](UstKnobs& k) {
+        k.page2ObjectTag = {0x02, 0x80};
+    });
     add("big escape to an object", "CPageManager where an object belongs",
         [](UstKnobs& k) { k.page2ObjectTag = {0xFF, 0x7F, 0x02, 0x00, 0x00, 0x00}; });
-    add("page class in an object list", "CPageManager where an object belongs",
-        [](UstKnobs& k) { k.page2ObjectTag = {0x01, 0x80}; });
-    add("object class in the page list", "CQRDObjectText where a page belongs",
-        [](UstKnobs& k) { k.page2Tag = {0x03, 0x80}; });
+    add("page class in an object list", "CPageManager where an object belongs", [](UstKnobs& k) {
+        k.page2ObjectTag = {0x01, 0x80};
+    });
+    add("object class in the page list", "CQRDObjectText where a page belongs", [](UstKnobs& k) {
+        k.page2Tag = {0x03, 0x80};
+    });
     add("null page", "empty page reference", [](UstKnobs& k) { k.page2Tag = {0x00, 0x00}; });
-    add("null object", "empty object reference",
-        [](UstKnobs& k) { k.page2ObjectTag = {0x00, 0x00}; });
+    add("null object", "empty object reference", [](UstKnobs& k) {
+        k.page2ObjectTag = {0x00, 0x00};
+    });
     add("frame", "a frame of 5000 x 5000", [](UstKnobs& k) { k.width = k.height = 5000; });
     add("page type", "page of unknown type 7", [](UstKnobs& k) { k.pageType = 7; });
     add("text out of reach", "a text lies outside any page",
-        [](UstKnobs& k) { k.advance = 1 << 30; });
+        [](UstKnobs& k) { k.advance = 1 << 23; });  // four of them on the second page
+    add("character out of reach", "a text has a character measured beyond reason",
+        [](UstKnobs& k) { k.advance = 1 << 25; });
     for (const UstCase& c : cases) {
         const QString error = LoadError(HandBuilt(c.knobs));
         EXPECT_TRUE(error.contains(c.reason)) << c.name << ": " << error.toStdString();

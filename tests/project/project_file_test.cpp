@@ -120,6 +120,22 @@ TEST_F(ProjectFile, AShorterSaveLeavesTheOldTailAndStillLoads) {
     EXPECT_EQ(back.GetPage(0)->m_strThumbFile, small.GetPage(0)->m_strThumbFile);
 }
 
+TEST_F(ProjectFile, AFirstNameTooLongForTheHeaderIsLeftOut) {
+    CProjectManager project;
+    const QString path = Folder("longname", project);
+    project.InsertPage(-1)->m_strThumbFile = QString(51, u'n');  // 16 + 4 + 102 + 8 > 128
+    ASSERT_EQ(project.SaveProject(path), 1);
+    const std::string b = Bytes(path);
+    EXPECT_EQ(b.substr(16, 4), std::string("\xFF\xFE\xFF\x00", 4));
+    EXPECT_EQ(At<int32_t>(b[0], 20), 1920);
+    CProjectManager back;
+    ASSERT_EQ(back.LoadProject(path), 1);
+    EXPECT_EQ(back.GetPage(0)->m_strThumbFile, QString(51, u'n'));  // the page keeps it
+    project.GetPage(0)->m_strThumbFile = QString(50, u'n');         // 16 + 4 + 100 + 8 fits
+    ASSERT_EQ(project.SaveProject(path), 1);
+    EXPECT_EQ(At<uint8_t>(Bytes(path)[0], 19), 50);
+}
+
 TEST_F(ProjectFile, SavingNeedsTheFileToExist) {
     CProjectManager project;
     project.InsertPage(-1);
@@ -196,7 +212,8 @@ TEST_F(ProjectFile, ThumbnailFilesAreMadeWithThePageAndFilledInPlace) {
     CPageManager* first = project.InsertPage(-1);
     CPageManager* second = project.InsertPage(0);
     const QRegularExpression name("^\\d{17}\\.page$");
-    EXPECT_TRUE(name.match(first->m_strThumbFile).hasMatch()) << first->m_strThumbFile.toStdString();
+    EXPECT_TRUE(name.match(first->m_strThumbFile).hasMatch())
+        << first->m_strThumbFile.toStdString();
     EXPECT_NE(first->m_strThumbFile, second->m_strThumbFile);
     const QString file = project.DataFolder() + first->m_strThumbFile;
     const std::string made = Bytes(file);
