@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "project/demo_page.h"
+#include "samples/demo_page.h"
 
 namespace {
 
