@@ -5,8 +5,8 @@
 #include <cstring>
 #include <vector>
 
-#include "project/demo_page.h"
 #include "project_commands.h"
+#include "samples/demo_page.h"
 
 namespace {
 

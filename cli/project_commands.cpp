@@ -7,9 +7,9 @@
 
 #include <cstdio>
 
-#include "project/demo_page.h"
 #include "project_report.h"
 #include "render/tga_file.h"
+#include "samples/demo_page.h"
 
 namespace orv::cli {
 

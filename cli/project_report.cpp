@@ -5,6 +5,8 @@
 #include <cstring>
 
 #include "objects/ani_object.h"
+#include "objects/group_object.h"
+#include "objects/picture_object.h"
 #include "objects/tc_object.h"
 
 namespace orv::cli {
@@ -42,12 +44,15 @@ std::string OneLine(const QString& text) {
     return Utf8(shown);
 }
 
+// The kind numbers of the loaded objects are their classes' own.
 const QString* FileOf(const CQRDObject& o) {
     if (o.GetType() == OBJ_ANIMATION) return &static_cast<const CQRDObjectAni&>(o).m_strFile;
+    if (o.GetType() == OBJ_PICTURE) return &static_cast<const CQRDObjectPicture&>(o).m_strFile;
     return nullptr;
 }
 
-const std::vector<std::unique_ptr<CQRDObject>>* MembersOf(const CQRDObject&) {
+const std::vector<std::unique_ptr<CQRDObject>>* MembersOf(const CQRDObject& o) {
+    if (o.GetType() == OBJ_GROUP) return &static_cast<const CQRDObjectGroup&>(o).Members();
     return nullptr;
 }
 

@@ -1,5 +1,6 @@
 #include "objects/ani_object.h"
 
+#include <QDir>
 #include <QFile>
 #include <QPainter>
 
@@ -16,7 +17,8 @@ CQRDObjectAni::CQRDObjectAni(CPageContext* page, const QString& file, const UstR
 }
 
 QString CQRDObjectAni::FilePath() const {
-    return (m_pPage ? m_pPage->ObjectFolder() : QString()) + m_strFile;
+    const QString folder = m_pPage ? m_pPage->ObjectFolder() : QString();
+    return folder.isEmpty() ? m_strFile : QDir(folder).filePath(m_strFile);
 }
 
 void CQRDObjectAni::AfterLoad() {

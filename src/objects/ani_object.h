@@ -40,8 +40,8 @@ public:
     void AfterLoad() override;
     void Draw() override;
 
-    void Serialize(CByteWriter& out) const override;
-    bool Deserialize(CByteReader& in) override;
+    void Serialize(CByteWriter& out) const;
+    bool Deserialize(CByteReader& in);
     const char* ArchiveClassName() const override { return "CQRDObjectAni"; }
 
     // The file joined to the page's object folder.

@@ -54,6 +54,20 @@ std::pair<uint64_t, bool> ReadLength(CByteReader& in) {
 
 }  // namespace
 
+void WriteArchiveCount(CByteWriter& out, uint32_t count) {
+    if (count < LONGEST) {
+        out.Put(static_cast<uint16_t>(count));
+        return;
+    }
+    out.Put(LONGEST);
+    out.Put(count);
+}
+
+uint32_t ReadArchiveCount(CByteReader& in) {
+    const auto count = in.Get<uint16_t>();
+    return count == LONGEST ? in.Get<uint32_t>() : count;
+}
+
 void WriteArchiveString(CByteWriter& out, const QString& text) {
     out.Put(LONGER);
     out.Put(WIDE_TAG);

@@ -1,5 +1,5 @@
 #pragma once
-// Fields as project files hold them. Strings: a length that grows by
+// Fields as project files hold them. Counts. Strings: a length that grows by
 // escapes, then the characters; written always as 16-bit characters behind
 // a tag, read in that form or in the older single-byte form of the Korean
 // code page. And the limits a number read from a file must keep before an
@@ -13,6 +13,10 @@
 #include "render/text_records.h"
 
 namespace orv {
+
+// Counts: 16 bits, or the escape 0xFFFF and 32 bits.
+void WriteArchiveCount(CByteWriter& out, uint32_t count);
+uint32_t ReadArchiveCount(CByteReader& in);
 
 void WriteArchiveString(CByteWriter& out, const QString& text);
 

@@ -24,12 +24,12 @@ public:
     // An object that cannot stay asks its page to let it go. The page takes
     // it out once the walk over its objects has ended, and deletes it.
     virtual void ObjectRemovedItself(CQRDObject* object) = 0;
-    // The project's folder of media files, ending in a separator; empty
-    // when the project has none.
-    virtual QString ObjectFolder() const { return {}; }
     // Scrolls a long page so that the rectangle (page pixels at the zoom)
     // can be seen.
     virtual void ScrollToShow(const UstRect&) {}
+    // The folder that holds the media the page's objects name: pictures,
+    // backgrounds, animations. Empty when there is none.
+    virtual QString ObjectFolder() const { return {}; }
 };
 
 }  // namespace orv

@@ -107,15 +107,9 @@ public:
     // The text an object adds to its page's text list; only text has any.
     virtual QString GetPlainText() const { return {}; }
 
-    // The file form. Each archived class writes the head below and then its
-    // own fields; reading throws on data that cannot be this class's.
-    virtual void Serialize(CByteWriter& out) const { WriteArchiveHead(out); }
-    virtual bool Deserialize(CByteReader& in) {
-        if (ReadArchiveHead(in)) m_rcOld = in.Get<UstRect>();
-        return true;
-    }
-    // The class name a project file records for the object; null for a
-    // class that never reaches a file.
+    // The class name a project file records for the object, which says how
+    // its file form is written and read; null for a class that never
+    // reaches a file.
     virtual const char* ArchiveClassName() const { return nullptr; }
 
     // The head every archived object starts with, and its reader, which
@@ -147,6 +141,10 @@ public:
     std::array<UstRect, HANDLE_COUNT> m_rcHandle{};
 
 protected:
+    // Kind, class header, words, angle and rectangles: what every packed
+    // state opens with.
+    void SaveStateHead(CByteWriter& out) const;
+    bool LoadStateHead(CByteReader& in);
     virtual void SaveStateHeader(CByteWriter&) const {}
     virtual bool LoadStateHeader(CByteReader&) { return true; }
     virtual void SaveStateGeometry(CByteWriter& out) const;

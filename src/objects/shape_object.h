@@ -40,8 +40,8 @@ public:
     void FreeLive() override { m_prepared.Reset(); }
 
     // The file form.
-    void Serialize(CByteWriter& out) const override;
-    bool Deserialize(CByteReader& in) override;
+    void Serialize(CByteWriter& out) const;
+    bool Deserialize(CByteReader& in);
     const char* ArchiveClassName() const override { return "CQRDObjectShape"; }
 
     // The control point in page units for the box as it stands: a box

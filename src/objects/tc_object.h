@@ -46,8 +46,8 @@ public:
     void AfterLoad() override { Build(); }
     void OnZoom() override { Build(); }
 
-    void Serialize(CByteWriter& out) const override;
-    bool Deserialize(CByteReader& in) override;
+    void Serialize(CByteWriter& out) const;
+    bool Deserialize(CByteReader& in);
     const char* ArchiveClassName() const override { return "CQRDObjectTC"; }
 
     uint32_t GetStateSize() const override { return 4226; }

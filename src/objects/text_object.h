@@ -75,8 +75,8 @@ public:
     bool EndEdit() override;
 
     // The file form: the archive head, then this class's fields.
-    void Serialize(CByteWriter& out) const override;
-    bool Deserialize(CByteReader& in) override;
+    void Serialize(CByteWriter& out) const;
+    bool Deserialize(CByteReader& in);
     const char* ArchiveClassName() const override { return "CQRDObjectText"; }
 
     // Building a text outside the editor (import, splitting, tests).

@@ -4,6 +4,9 @@
 
 #include "objects/ani_object.h"
 #include "objects/archive_fields.h"
+#include "objects/group_object.h"
+#include "objects/object_factory.h"
+#include "objects/picture_object.h"
 #include "objects/shape_object.h"
 #include "objects/tc_object.h"
 #include "objects/text_object.h"
@@ -22,7 +25,28 @@ constexpr UstClassName CLASS_NAMES[] = {
     {EArchiveClass::PAGE, "CPageManager"},       {EArchiveClass::TEXT, "CQRDObjectText"},
     {EArchiveClass::SHAPE, "CQRDObjectShape"},   {EArchiveClass::PICTURE, "CQRDObjectPicture"},
     {EArchiveClass::ANIMATION, "CQRDObjectAni"}, {EArchiveClass::TIMER, "CQRDObjectTC"},
+    {EArchiveClass::GROUP, "CQRDObjectGroup"},
 };
+
+// The kind number of the objects a class makes.
+int ObjectType(EArchiveClass cls) {
+    switch (cls) {
+        case EArchiveClass::TEXT:
+            return OBJ_TEXT;
+        case EArchiveClass::SHAPE:
+            return OBJ_SHAPE;
+        case EArchiveClass::PICTURE:
+            return OBJ_PICTURE;
+        case EArchiveClass::ANIMATION:
+            return OBJ_ANIMATION;
+        case EArchiveClass::TIMER:
+            return OBJ_TIMER;
+        case EArchiveClass::GROUP:
+            return OBJ_GROUP;
+        default:
+            return OBJ_BASE;
+    }
+}
 
 // Class names longer than this never belonged to any class.
 constexpr uint16_t MAX_CLASS_NAME = 63;
@@ -54,12 +78,7 @@ bool ArchiveClassFromName(const std::string& name, EArchiveClass* cls) {
 // ---- writing ----
 
 void CArchiveOut::WriteCount(uint32_t count) {
-    if (count < ARCHIVE_COUNT_ESCAPE) {
-        m_out.Put(static_cast<uint16_t>(count));
-        return;
-    }
-    m_out.Put(ARCHIVE_COUNT_ESCAPE);
-    m_out.Put(count);
+    WriteArchiveCount(m_out, count);
 }
 
 void CArchiveOut::WriteString(const QString& text) {
@@ -111,7 +130,30 @@ void CArchiveOut::WriteObject(const CQRDObject& object) {
     if (WriteKnown(&object)) return;
     WriteClass(name);
     m_objects.emplace(&object, m_nMapCount++);
-    object.Serialize(m_out);
+    WriteBody(object, cls);
+}
+
+// The class name was the object's own, so the cast is to what it is.
+void CArchiveOut::WriteBody(const CQRDObject& object, EArchiveClass cls) {
+    switch (cls) {
+        case EArchiveClass::TEXT:
+            return static_cast<const CQRDObjectText&>(object).Serialize(m_out);
+        case EArchiveClass::SHAPE:
+            return static_cast<const CQRDObjectShape&>(object).Serialize(m_out);
+        case EArchiveClass::PICTURE:
+            return static_cast<const CQRDObjectPicture&>(object).Serialize(m_out);
+        case EArchiveClass::ANIMATION:
+            return static_cast<const CQRDObjectAni&>(object).Serialize(m_out);
+        case EArchiveClass::TIMER:
+            return static_cast<const CQRDObjectTC&>(object).Serialize(m_out);
+        case EArchiveClass::GROUP:
+            // Members are objects of the file in their own right: the map
+            // that numbers them is the one of the whole file.
+            return static_cast<const CQRDObjectGroup&>(object).Serialize(
+                m_out, [this](CByteWriter&, const CQRDObject& member) { WriteObject(member); });
+        case EArchiveClass::PAGE:
+            break;
+    }
 }
 
 void CArchiveOut::WriteObjectList(const std::vector<std::unique_ptr<CQRDObject>>& objects) {
@@ -123,9 +165,7 @@ void CArchiveOut::WriteObjectList(const std::vector<std::unique_ptr<CQRDObject>>
 // ---- reading ----
 
 uint32_t CArchiveIn::ReadCount() {
-    const auto count = m_in.Get<uint16_t>();
-    if (count != ARCHIVE_COUNT_ESCAPE) return count;
-    return m_in.Get<uint32_t>();
+    return ReadArchiveCount(m_in);
 }
 
 uint32_t CArchiveIn::ReadCount(size_t minEntrySize) {
@@ -203,29 +243,36 @@ std::unique_ptr<CPageManager> CArchiveIn::ReadPage() {
     return page;
 }
 
-std::unique_ptr<CQRDObject> CArchiveIn::MakeObject(EArchiveClass cls) {
+void CArchiveIn::ReadBody(CQRDObject& object, EArchiveClass cls) {
     switch (cls) {
         case EArchiveClass::TEXT:
-            return std::make_unique<CQRDObjectText>();
+            static_cast<CQRDObjectText&>(object).Deserialize(m_in);
+            return;
         case EArchiveClass::SHAPE:
-            return std::make_unique<CQRDObjectShape>();
+            static_cast<CQRDObjectShape&>(object).Deserialize(m_in);
+            return;
+        case EArchiveClass::PICTURE:
+            static_cast<CQRDObjectPicture&>(object).Deserialize(m_in);
+            return;
         case EArchiveClass::ANIMATION:
-            return std::make_unique<CQRDObjectAni>();
+            static_cast<CQRDObjectAni&>(object).Deserialize(m_in);
+            return;
         case EArchiveClass::TIMER:
-            return std::make_unique<CQRDObjectTC>();
-        default:
-            Damaged(std::string("a ") + ArchiveClassName(cls) + ", which cannot be read yet");
+            static_cast<CQRDObjectTC&>(object).Deserialize(m_in);
+            return;
+        case EArchiveClass::GROUP:
+            static_cast<CQRDObjectGroup&>(object).Deserialize(
+                m_in, [this](CByteReader&) { return ReadObject(); });
+            return;
+        case EArchiveClass::PAGE:
+            break;
     }
-}
-
-void CArchiveIn::ReadBody(CQRDObject& object, EArchiveClass) {
-    object.Deserialize(m_in);
 }
 
 std::unique_ptr<CQRDObject> CArchiveIn::ReadObject() {
     if (m_nDepth >= ARCHIVE_MAX_NESTING) Damaged("groups nested too deeply");
     const EArchiveClass cls = ReadNewObjectClass(false);
-    std::unique_ptr<CQRDObject> object = MakeObject(cls);
+    std::unique_ptr<CQRDObject> object = CreateObjectOfType(ObjectType(cls), nullptr);
     const size_t entry = m_map.size();
     m_map.push_back({false, cls, true});
     ++m_nDepth;

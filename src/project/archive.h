@@ -25,7 +25,7 @@ namespace orv {
 class CPageManager;
 
 // The classes a project file may name, and the objects they make.
-enum class EArchiveClass : uint8_t { PAGE, TEXT, SHAPE, PICTURE, ANIMATION, TIMER };
+enum class EArchiveClass : uint8_t { PAGE, TEXT, SHAPE, PICTURE, ANIMATION, TIMER, GROUP };
 
 // Object references: the first 16 bits.
 constexpr uint16_t ARCHIVE_NULL_TAG = 0x0000;
@@ -33,8 +33,6 @@ constexpr uint16_t ARCHIVE_NEW_CLASS_TAG = 0xFFFF;
 constexpr uint16_t ARCHIVE_CLASS_TAG = 0x8000;  // or-ed with a known class's index
 constexpr uint16_t ARCHIVE_BIG_TAG = 0x7FFF;    // a 32-bit index follows
 constexpr uint32_t ARCHIVE_BIG_CLASS_TAG = 0x80000000u;
-// Counts: 16 bits, or this escape and 32 bits.
-constexpr uint16_t ARCHIVE_COUNT_ESCAPE = 0xFFFF;
 
 // Groups inside groups deeper than this are taken for damage: no editor
 // makes them, and each level costs the reader stack.
@@ -60,6 +58,7 @@ private:
     // True when the object was written before: a back-reference went out.
     bool WriteKnown(const void* object);
     void WriteClass(const char* name);
+    void WriteBody(const CQRDObject& object, EArchiveClass cls);
     void WriteIndex(uint32_t index, bool isClass);
 
     CByteWriter m_out;
@@ -93,7 +92,6 @@ private:
     EArchiveClass ReadNewObjectClass(bool wantPage);
     EArchiveClass ReadClassRecord();
     void RejectReference(uint32_t index, bool wantPage) const;
-    std::unique_ptr<CQRDObject> MakeObject(EArchiveClass cls);
     void ReadBody(CQRDObject& object, EArchiveClass cls);
 
     CByteReader& m_in;

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "objects/group_object.h"
 #include "project/archive.h"
 #include "project/page_manager.h"
 #include "project/thumb_file.h"
@@ -76,20 +77,36 @@ void CPageManager::StoreThumbnail() {
     if (WriteThumbPixels(ThumbPath(), m_pThumbBits)) m_bModified = 0;
 }
 
-QString CPageManager::ObjectFolder() const {
-    return m_pDoc ? m_pDoc->ObjectFolder() : QString();
-}
-
 void CPageManager::ObjectRemovedItself(CQRDObject* object) {
     if (std::find(m_gone.begin(), m_gone.end(), object) == m_gone.end()) m_gone.push_back(object);
 }
+
+namespace {
+
+// Out of whichever group holds it, however deep; the groups on the way
+// take their new bounds.
+std::unique_ptr<CQRDObject> TakeFromGroups(std::vector<std::unique_ptr<CQRDObject>>& objects,
+                                           CQRDObject* object) {
+    for (auto& o : objects) {
+        if (o->GetType() != OBJ_GROUP) continue;
+        auto& group = static_cast<CQRDObjectGroup&>(*o);
+        std::unique_ptr<CQRDObject> taken = group.RemoveMember(object);
+        if (!taken) taken = TakeFromGroups(group.m_listChild, object);
+        if (!taken) continue;
+        group.RebuildRect();
+        return taken;
+    }
+    return nullptr;
+}
+
+}  // namespace
 
 void CPageManager::DropGoneObjects() {
     if (m_gone.empty()) return;
     for (CQRDObject* o : m_gone) {
         Unselect(o);
         if (m_pDoc) m_pDoc->ObjectRemoved(o);
-        Remove(o);
+        if (!Remove(o)) TakeFromGroups(m_objects, o);
     }
     m_gone.clear();
     SetModified(true);

@@ -11,6 +11,7 @@
 
 namespace orv {
 
+class CFileLinkTable;
 class CPageManager;
 class CQRDObject;
 
@@ -53,10 +54,12 @@ public:
     virtual void RefreshTextList() = 0;
     // An object the ribbon shows is gone: forget it and refresh the controls.
     virtual void ObjectRemoved(CQRDObject* object) = 0;
-    // The project's folders of thumbnails and of media, each ending in a
-    // separator; empty while the project has no folder on disk.
+    // The project's folders of thumbnails and of media copies, each ending
+    // in a separator; empty while the project has no folder on disk.
     virtual QString DataFolder() const { return {}; }
     virtual QString ObjectFolder() const { return {}; }
+    // What this run of the program copied where.
+    virtual CFileLinkTable* FileLinks() { return nullptr; }
 };
 
 }  // namespace orv

@@ -199,7 +199,7 @@ int CProjectManager::LoadProjectBytes(const QByteArray& bytes, const QString& fo
     m_pEditObject = nullptr;
     m_aPages = std::move(loaded.pages);
     SetFrame(loaded.header.nWidth, loaded.header.nHeight);
-    m_strFolder = folder;
+    SetFolder(folder);
     m_nPageCount = static_cast<int32_t>(m_aPages.size());
     for (auto& page : m_aPages)
         page->Attach(this, nullptr);

@@ -18,8 +18,9 @@ QString CProjectManager::DataFolder() const {
     return m_strFolder.isEmpty() ? QString() : m_strFolder + "Data/";
 }
 
-QString CProjectManager::ObjectFolder() const {
-    return m_strFolder.isEmpty() ? QString() : m_strFolder + "Object/";
+void CProjectManager::SetFolder(const QString& folder) {
+    m_strFolder = folder;
+    m_strObjectFolder = folder.isEmpty() ? QString() : folder + "Object/";
 }
 
 CProjectManager::~CProjectManager() = default;

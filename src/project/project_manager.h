@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "project/object_folder.h"
 #include "project/page_manager.h"
 
 namespace orv {
@@ -58,10 +59,10 @@ public:
 
     // The folder the project lives in, ending in a separator; Data and
     // Object lie inside it. Empty for a project that is not on disk.
-    void SetFolder(const QString& folder) { m_strFolder = folder; }
+    // Setting it also sets the object folder to its Object/.
+    void SetFolder(const QString& folder);
     QString Folder() const { return m_strFolder; }
     QString DataFolder() const override;
-    QString ObjectFolder() const override;
 
     // Storing: the bytes of the header, which go at offset 0, and of the
     // page list, which go at offset 128. Objects of a kind no file can hold
@@ -91,6 +92,14 @@ public:
     void RefreshPreviewList() override {}
     void RefreshTextList() override {}
     void ObjectRemoved(CQRDObject* object) override;
+    QString ObjectFolder() const override { return m_strObjectFolder; }
+    CFileLinkTable* FileLinks() override { return m_pFileLinks ? m_pFileLinks : &m_ownLinks; }
+
+    // Where this project keeps its media copies, and the table of copies
+    // shared by every project of the program; without one the project
+    // keeps its own.
+    void SetObjectFolder(const QString& folder) { m_strObjectFolder = folder; }
+    void SetFileLinks(CFileLinkTable* links) { m_pFileLinks = links; }
 
     int32_t m_bModified = 0;
     CPageManager* m_pCurPage = nullptr;
@@ -107,6 +116,9 @@ public:
 private:
     std::vector<std::unique_ptr<CPageManager>> m_aPages;
     QString m_strFolder;
+    QString m_strObjectFolder;
+    CFileLinkTable* m_pFileLinks = nullptr;
+    CFileLinkTable m_ownLinks;
 };
 
 }  // namespace orv

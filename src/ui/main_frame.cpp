@@ -126,6 +126,7 @@ void CMainFrame::CreateCommandBars() {
     CreatePageMenu();
     CreateTextMenu();
     CreateShapeMenu();
+    CreateInsertMenu();
     QToolBar* bar = addToolBar(tr("Standard"));
     bar->setObjectName("StandardBar");
     bar->addAction(options);
@@ -322,6 +323,8 @@ CZevrantView* CMainFrame::ActiveView() const {
 }
 
 CZevrantView* CMainFrame::AddProjectWindow(CZevrantDoc* doc) {
+    doc->Project().SetFileLinks(&m_fileLinks);
+    doc->UseSessionFolder(QString::fromStdString(m_folders.settingsFolder.string()));
     auto* view = new CZevrantView(this, doc);
     auto* child = new CChildFrame(view, doc->Title());
     m_pMdi->addSubWindow(child);

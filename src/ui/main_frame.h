@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "project/folders.h"
+#include "project/object_folder.h"
 #include "project/settings_records.h"
 #include "shell/key_routing.h"
 
@@ -60,6 +61,8 @@ public:
     static QString LayoutName(const char* base, uint16_t language);
     // The shape kinds as the menu names them.
     static QStringList ShapeKindTitles();
+    // The file dialog's filter of the picture kinds that can be read.
+    static QString PictureFileFilter();
 
     int m_nPlayState = 0;
     float m_fZoom = 100.0f;
@@ -80,6 +83,9 @@ private:
     void CreatePageMenu();
     void CreateTextMenu();
     void CreateShapeMenu();
+    void CreateInsertMenu();
+    void InsertPictureFile(uint32_t command);
+    void ChoosePictureAlpha();
     void StartShape(int kind);
     void ApplyPaint(int slot, const UstFill& fill);
     void ChooseSolidPaint(int slot);
@@ -105,6 +111,7 @@ private:
     std::map<int, QDockWidget*> m_panes;
     QImage m_backImage;
     QString m_strBackImagePath;
+    CFileLinkTable m_fileLinks;  // what this run copied into which project
 };
 
 }  // namespace orv

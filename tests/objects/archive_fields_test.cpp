@@ -23,6 +23,20 @@ QString Read(const CBytes& b, size_t* left = nullptr) {
     return s;
 }
 
+TEST(ArchiveCount, SixteenBitsUpToTheEscape) {
+    CByteWriter out;
+    for (const uint32_t n : {0u, 0xFFFEu, 0xFFFFu, 70000u})
+        WriteArchiveCount(out, n);
+    EXPECT_EQ(out.Bytes(), (std::vector<uint8_t>{0, 0, 0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0,
+                                                 0xFF, 0xFF, 0x70, 0x11, 0x01, 0x00}));
+    CByteReader in(out.Bytes());
+    for (const uint32_t n : {0u, 0xFFFEu, 0xFFFFu, 70000u})
+        EXPECT_EQ(ReadArchiveCount(in), n);
+    const std::vector<uint8_t> cut{0xFF, 0xFF, 1, 0};
+    CByteReader short32(cut);
+    EXPECT_THROW(ReadArchiveCount(short32), std::out_of_range);
+}
+
 TEST(ArchiveString, LengthFormsAtTheirLimits) {
     EXPECT_EQ(Written(""), (std::vector<uint8_t>{0xFF, 0xFE, 0xFF, 0x00}));
     // 254 characters still fit the byte; 255 take the escape and 16 bits.

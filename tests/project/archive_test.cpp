@@ -8,6 +8,7 @@
 
 #include <random>
 
+#include "objects/group_object.h"
 #include "objects/shape_object.h"
 #include "objects/text_object.h"
 #include "project/archive.h"
@@ -288,6 +289,74 @@ TEST_F(HandBuiltFile, RandomBytesNeverLoadHalfway) {
             EXPECT_EQ(project.PageCount(), 2) << round;
         }
     }
+}
+
+void GroupHead(CBytes& b, uint16_t members) {
+    b.Version().I32(0).I32(1).I32(0).I32(90).I32(150).I32(400).I32(320).U16(members);
+}
+
+// One page: a group holding a text, so that the text class is first met
+// inside the group, then a text after the group by that known class. The
+// entries: page class 1, page 2, group class 3, group 4, text class 5,
+// texts 6 and 7.
+CBytes GroupFile(std::vector<uint8_t> memberTag = {}, uint16_t members = 1) {
+    CBytes b;
+    b.F32(1.3f).F32(0.0f).U32(0).U32(1).Wide("g.page").I32(1920).I32(1080).PadTo(128);
+    b.U16(1).NewClass("CPageManager");
+    PageHead(b, 0, 2, {}, "g.page", "");
+    b.U16(2).NewClass("CQRDObjectGroup");
+    GroupHead(b, members);
+    if (memberTag.empty()) {
+        b.NewClass("CQRDObjectText");
+    } else {
+        b.Raw(memberTag.data(), memberTag.size());
+    }
+    TextBody(b, "In", 100.0f, 200.0f, 50);
+    b.U16(0x8005);
+    TextBody(b, "Out", 100.0f, 400.0f, 50);
+    return b;
+}
+
+// Groups inside groups, depth of them, the innermost empty.
+CBytes NestedFile(int depth) {
+    CBytes b;
+    b.F32(1.3f).F32(0.0f).U32(0).U32(1).Wide("").I32(1920).I32(1080).PadTo(128);
+    b.U16(1).NewClass("CPageManager");
+    PageHead(b, 0, 1, {}, "", "");
+    b.U16(1).NewClass("CQRDObjectGroup");
+    for (int level = 1; level <= depth; ++level) {
+        GroupHead(b, level < depth ? 1 : 0);
+        if (level < depth) b.U16(0x8003);
+    }
+    return b;
+}
+
+TEST_F(HandBuiltFile, AClassMetInsideAGroupIsKnownToLaterObjects) {
+    const CBytes file = GroupFile();
+    CProjectManager project;
+    ASSERT_EQ(project.LoadProject(Write(file)), 1);
+    const auto& objects = project.GetPage(0)->Objects();
+    ASSERT_EQ(objects.size(), 2u);
+    ASSERT_EQ(objects[0]->GetType(), OBJ_GROUP);
+    const auto& group = static_cast<const CQRDObjectGroup&>(*objects[0]);
+    ASSERT_EQ(group.Members().size(), 1u);
+    EXPECT_EQ(group.Members()[0]->GetPlainText(), "In");
+    EXPECT_TRUE(group.m_listOrder.empty());
+    EXPECT_EQ(group.m_rcStored, (UstRect{90, 150, 400, 320}));
+    EXPECT_EQ(objects[1]->GetPlainText(), "Out");
+    const QString copy = Write(file, "copy.qrdprj");
+    ASSERT_EQ(project.SaveProject(copy), 1);
+    EXPECT_EQ(test::ReadFile(copy.toStdString()), file.Str());
+}
+
+TEST_F(HandBuiltFile, GroupsThatHoldThemselvesOrNestWithoutEndAreRefused) {
+    EXPECT_TRUE(LoadError(GroupFile({0x04, 0x00})).contains("an object that contains itself"));
+    EXPECT_TRUE(LoadError(GroupFile({0x02, 0x00})).contains("CPageManager where an object"));
+    EXPECT_TRUE(LoadError(GroupFile({}, 0x7000)).contains("group counts 28672 members, more than"));
+    CProjectManager deep;
+    EXPECT_EQ(deep.LoadProject(Write(NestedFile(ARCHIVE_MAX_NESTING))), 1);
+    const QString error = LoadError(NestedFile(ARCHIVE_MAX_NESTING + 1));
+    EXPECT_TRUE(error.contains("groups nested too deeply")) << error.toStdString();
 }
 
 TEST(ArchiveWriter, ClassRecordsOnceAndBigIndicesBehindTheEscape) {

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include "objects/ani_object.h"
+#include "objects/group_object.h"
 #include "objects/shape_object.h"
 #include "project/archive.h"
 #include "project/project_manager.h"
@@ -204,6 +205,31 @@ TEST_F(ProjectFile, AnAnimationWhoseFileIsGoneLeavesItsPageOnActivation) {
     EXPECT_EQ(animations(gone), 0);
     EXPECT_EQ(gone.GetPage(0)->m_bModified, 1);
     EXPECT_EQ(gone.m_bModified, 1);
+}
+
+TEST_F(ProjectFile, AnAnimationInsideAGroupLeavesTheGroup) {
+    CProjectManager project;
+    const QString path = Folder("grouped", project);
+    CPageManager* page = project.InsertPage(-1);
+    auto group = std::make_unique<CQRDObjectGroup>(page);
+    auto inner = std::make_unique<CQRDObjectGroup>(page);
+    inner->AddMember(std::make_unique<CQRDObjectAni>(page, "gone.ani", UstRect{0, 0, 50, 50}));
+    inner->AddMember(GreenBox({100, 100, 200, 150}));
+    inner->RebuildRect();
+    group->AddMember(std::move(inner));
+    group->RebuildRect();
+    page->AddObject(std::move(group));
+    ASSERT_EQ(project.SaveProject(path), 1);
+    CProjectManager back;
+    ASSERT_EQ(back.LoadProject(path), 1);
+    test::CFakeView view(192, 108);
+    back.AttachAll(&view);
+    const auto& outer = static_cast<const CQRDObjectGroup&>(*back.GetPage(0)->Objects()[0]);
+    const auto& members = static_cast<const CQRDObjectGroup&>(*outer.Members()[0]).Members();
+    ASSERT_EQ(members.size(), 1u);
+    EXPECT_EQ(members[0]->GetType(), OBJ_SHAPE);
+    EXPECT_EQ(outer.m_rcStored, (UstRect{100, 100, 200, 150}));
+    EXPECT_EQ(back.m_bModified, 1);
 }
 
 TEST_F(ProjectFile, ThumbnailFilesAreMadeWithThePageAndFilledInPlace) {

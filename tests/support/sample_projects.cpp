@@ -5,12 +5,14 @@
 #include <QImage>
 
 #include "objects/ani_object.h"
+#include "objects/group_object.h"
 #include "objects/shape_object.h"
 #include "objects/tc_object.h"
 #include "objects/text_object.h"
-#include "project/demo_page.h"
 #include "render/fixed_string.h"
 #include "render/text_measure.h"
+#include "samples/demo_page.h"
+#include "samples/sample_pictures.h"
 
 namespace orv::test {
 
@@ -36,6 +38,11 @@ std::unique_ptr<CQRDObjectText> Text(const QString& text, int size, float x, flo
     return t;
 }
 
+std::unique_ptr<CQRDObjectShape> Box(int left, int top, int right, int bottom) {
+    return std::make_unique<CQRDObjectShape>(nullptr, 1, UstRect{left, top, right, bottom},
+                                             MakeDefaultAttr(), MakeDefaultEffect());
+}
+
 UstDefaultAttr TimerLook() {
     UstDefaultAttr a{};
     a.attr = MakeDefaultAttr();
@@ -55,10 +62,19 @@ void WriteBackground(const QString& file) {
     image.save(file, "PNG");
 }
 
+void WritePicture(const UstPixelImage& image, const QString& file) {
+    QImage(reinterpret_cast<const uchar*>(image.bits.get()), image.width, image.height,
+           image.width * 4, QImage::Format_ARGB32)
+        .save(file, "PNG");
+}
+
 void BuildDemo(CProjectManager& project) {
     CPageManager* page = project.InsertPage(-1);
     for (auto& o : BuildDemoPage())
         page->AddObject(std::move(o));
+    // The page's pictures are drawn by code; the project keeps them as files.
+    WritePicture(MakeEmblemPicture(440), project.ObjectFolder() + "emblem.png");
+    WritePicture(MakeGreenScreenPicture(656, 420), project.ObjectFolder() + "weather.png");
     const UstTCSetting timer{0, 7, 0, 3661, 0, 0};
     page->AddObject(std::make_unique<CQRDObjectTC>(page, TimerLook(), timer, 1500, 1000));
     QFile ani(project.ObjectFolder() + "spin.ani");
@@ -74,6 +90,16 @@ void BuildDemo(CProjectManager& project) {
 
 void BuildPages(CProjectManager& project) {
     CPageManager* cut = project.InsertPage(-1);
+    // A group whose text class is met first inside it, with a group within.
+    auto group = std::make_unique<CQRDObjectGroup>(cut);
+    group->AddMember(Text("Inside", 40, 1200, 700));
+    group->AddMember(Box(1150, 620, 1500, 720));
+    auto inner = std::make_unique<CQRDObjectGroup>(cut);
+    inner->AddMember(Box(1150, 740, 1300, 800));
+    inner->RebuildRect();
+    group->AddMember(std::move(inner));
+    group->RebuildRect();
+    cut->AddObject(std::move(group));
     cut->AddObject(Text("Good evening", 72, 200, 300));
     // An origin that a zoom and back does not give again exactly.
     cut->AddObject(Text("and welcome", 36, 101.5f, 400.0f));
