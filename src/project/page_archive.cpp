@@ -71,6 +71,11 @@ QString CPageManager::ThumbPath() const {
     return folder.isEmpty() || m_strThumbFile.isEmpty() ? QString() : folder + m_strThumbFile;
 }
 
+void CPageManager::EnsureThumbFile() {
+    if (!m_bModified || !m_strThumbFile.isEmpty() || !m_pDoc) return;
+    m_strThumbFile = CreateThumbFile(m_pDoc->DataFolder(), m_nThumbWidth, m_nThumbHeight);
+}
+
 void CPageManager::StoreThumbnail() {
     if (!m_bModified) return;
     if (m_pThumbBits.empty()) UpdateThumbnail();

@@ -86,6 +86,9 @@ public:
     // After a save: a changed page's thumbnail goes to its file, and the
     // page counts as saved once it is there.
     void StoreThumbnail();
+    // Before a save: a changed page made while the project had no folder
+    // gets its thumbnail file now.
+    void EnsureThumbFile();
     QString ThumbPath() const;
 
     void Attach(CPageDoc* doc, CPageView* view);

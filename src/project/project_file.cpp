@@ -148,6 +148,8 @@ void CProjectManager::Serialize(CByteWriter& header, CArchiveOut& list) const {
 }
 
 int CProjectManager::SaveProject(const QString& path, QString* error) {
+    for (const auto& page : m_aPages)
+        page->EnsureThumbFile();
     CByteWriter header;
     CArchiveOut list;
     try {

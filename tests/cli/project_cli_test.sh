@@ -41,6 +41,7 @@ expect 0 "$cli" info "$work/samples/pages/project.qrdprj"
 grep -q "^Version 1.3, frame 1920 x 1080, 3 pages$" "$work/out" || fail "info header: $(head -1 "$work/out")"
 grep -q '^Page 2: Roll' "$work/out" || fail "info lists no Roll page"
 grep -q 'CQRDObjectText .*"Good evening"' "$work/out" || fail "info lists no text"
+grep -q '^    CQRDObjectText .*"Inside"' "$work/out" || fail "info does not indent members"
 
 expect 0 "$cli" info --json "$work/samples/demo/project.qrdprj"
 python3 - "$work/out" <<'PY' || fail "info --json"
@@ -58,6 +59,21 @@ timer = next(o for o in page["objects"] if o["class"] == "CQRDObjectTC")
 assert timer["setting"] == [0, 7, 0, 3661, 0, 0], timer
 ani = next(o for o in page["objects"] if o["class"] == "CQRDObjectAni")
 assert ani["file"] == "spin.ani" and ani["rect"] == [1500, 300, 1800, 500], ani
+pictures = sorted(o["file"] for o in page["objects"] if o["class"] == "CQRDObjectPicture")
+assert pictures == ["emblem.png", "weather.png"], pictures
+PY
+
+expect 0 "$cli" info --json "$work/samples/pages/project.qrdprj"
+python3 - "$work/out" <<'PY' || fail "info --json with groups"
+import json, sys
+p = json.load(open(sys.argv[1]))
+assert [page["type"] for page in p["pages"]] == [0, 1, 2]
+group = p["pages"][0]["objects"][0]
+assert group["class"] == "CQRDObjectGroup", group
+members = group["members"]
+assert [m["class"] for m in members] == ["CQRDObjectText", "CQRDObjectShape", "CQRDObjectGroup"]
+assert members[0]["text"] == "Inside" and members[2]["members"][0]["class"] == "CQRDObjectShape"
+assert p["pages"][1]["objects"][0]["text"] == "Credits\rDirector\rProducer"
 PY
 
 expect 0 "$cli" render "$sample" 1 "$work/page.png"
