@@ -360,46 +360,46 @@ TEST_F(HandBuiltFile, GroupsThatHoldThemselvesOrNestWithoutEndAreRefused) {
 }
 
 TEST(ArchiveWriter, ClassRecordsOnceAndBigIndicesBehindTheEscape) {
-    // Enough pages that the map passes 0x7FFF entries before the shapes come.
-    std::vector<std::unique_ptr<CPageManager>> pages(0x7FFE);
+    // Pages enough that the shape class takes entry 0x7FFF, the first that
+    // no longer fits the 15 bits beside the class tag.
+    constexpr int PLAIN = 0x7FFC;
+    std::vector<std::unique_ptr<CPageManager>> pages(PLAIN);
     for (auto& p : pages)
         p = std::make_unique<CPageManager>();
     CPageManager last;
-    last.AddObject(std::make_unique<CQRDObjectShape>(nullptr, 0, UstRect{0, 0, 10, 10},
-                                                     MakeDefaultAttr(), MakeDefaultEffect()));
-    last.AddObject(std::make_unique<CQRDObjectShape>(nullptr, 0, UstRect{0, 0, 10, 10},
-                                                     MakeDefaultAttr(), MakeDefaultEffect()));
+    for (int i = 0; i < 2; ++i)
+        last.AddObject(std::make_unique<CQRDObjectShape>(nullptr, 0, UstRect{0, 0, 10, 10},
+                                                         MakeDefaultAttr(), MakeDefaultEffect()));
     CArchiveOut out;
-    out.WriteCount(0x7FFF);
+    out.WriteCount(PLAIN + 1);
     for (const auto& p : pages)
         out.WritePage(*p);
     out.WritePage(last);
     const std::vector<uint8_t>& bytes = out.Bytes().Bytes();
     // The count, the class record, then 0x8001 before each later page.
-    EXPECT_EQ(test::At<uint16_t>(bytes[0], 0), 0x7FFF);
+    EXPECT_EQ(test::At<uint16_t>(bytes[0], 0), PLAIN + 1);
     EXPECT_EQ(test::At<uint16_t>(bytes[0], 2), 0xFFFF);
     const size_t pageBody = 102;
     const size_t second = 2 + 18 + pageBody;
     EXPECT_EQ(test::At<uint16_t>(bytes[0], second), 0x8001);
     EXPECT_EQ(test::At<uint16_t>(bytes[0], second + 2 + pageBody), 0x8001);
-    // Entries: the class 1, pages 2 to 0x7FFF, the last page 0x8000, the
-    // shape class 0x8001 and the first shape 0x8002; the second shape's
-    // class tag no longer fits 15 bits.
-    const size_t lastPage = second + (0x7FFE - 1) * (2 + pageBody);
+    // Entries: the page class 1, the pages 2 to 0x7FFD, the last page
+    // 0x7FFE, the shape class 0x7FFF, the shapes 0x8000 and 0x8001.
+    const size_t lastPage = second + (PLAIN - 1) * (2 + pageBody);
     EXPECT_EQ(test::At<uint16_t>(bytes[0], lastPage), 0x8001);
     const size_t shapeBody = 12 + 4 + 16 + 4 + 16 + 8 + 68 + 4008;
-    const size_t firstShape = lastPage + 2 + pageBody - 2 + 2;
+    const size_t firstShape = lastPage + 2 + pageBody;  // behind the list's count
     EXPECT_EQ(test::At<uint16_t>(bytes[0], firstShape), 0xFFFF);
     const size_t secondShape = firstShape + 6 + 15 + shapeBody;
     EXPECT_EQ(test::At<uint16_t>(bytes[0], secondShape), 0x7FFF);
-    EXPECT_EQ(test::At<uint32_t>(bytes[0], secondShape + 2), 0x80008001u);
+    EXPECT_EQ(test::At<uint32_t>(bytes[0], secondShape + 2), 0x80007FFFu);
     EXPECT_EQ(bytes.size(), secondShape + 6 + shapeBody);
 
     // And the reader takes all of it back.
     CByteReader in(bytes);
     CArchiveIn ar(in);
-    ASSERT_EQ(ar.ReadCount(2), 0x7FFFu);
-    for (int i = 0; i < 0x7FFE; ++i)
+    ASSERT_EQ(ar.ReadCount(2), uint32_t(PLAIN + 1));
+    for (int i = 0; i < PLAIN; ++i)
         ar.ReadPage();
     EXPECT_EQ(ar.ReadPage()->Objects().size(), 2u);
     EXPECT_EQ(in.Remaining(), 0u);
