@@ -1,6 +1,7 @@
 #include "project/archive.h"
 
 #include <stdexcept>
+#include <type_traits>
 
 #include "objects/ani_object.h"
 #include "objects/archive_fields.h"
@@ -53,6 +54,34 @@ constexpr uint16_t MAX_CLASS_NAME = 63;
 
 // The smallest reference: its 16-bit tag.
 constexpr size_t MIN_REFERENCE_SIZE = 2;
+
+// The object as the class it is, const where it was.
+template <typename T, typename Object>
+auto& As(Object& object) {
+    return static_cast<std::conditional_t<std::is_const_v<Object>, const T, T>&>(object);
+}
+
+// Calls f with the object as the class it is: the class comes from the
+// object's own name or from the record that made it, so the cast holds.
+template <typename Object, typename F>
+void AsClass(Object& object, EArchiveClass cls, F&& f) {
+    switch (cls) {
+        case EArchiveClass::TEXT:
+            return f(As<CQRDObjectText>(object));
+        case EArchiveClass::SHAPE:
+            return f(As<CQRDObjectShape>(object));
+        case EArchiveClass::PICTURE:
+            return f(As<CQRDObjectPicture>(object));
+        case EArchiveClass::ANIMATION:
+            return f(As<CQRDObjectAni>(object));
+        case EArchiveClass::TIMER:
+            return f(As<CQRDObjectTC>(object));
+        case EArchiveClass::GROUP:
+            return f(As<CQRDObjectGroup>(object));
+        case EArchiveClass::PAGE:
+            return;
+    }
+}
 
 [[noreturn]] void Damaged(const std::string& why) {
     throw std::runtime_error(why);
@@ -133,27 +162,16 @@ void CArchiveOut::WriteObject(const CQRDObject& object) {
     WriteBody(object, cls);
 }
 
-// The class name was the object's own, so the cast is to what it is.
 void CArchiveOut::WriteBody(const CQRDObject& object, EArchiveClass cls) {
-    switch (cls) {
-        case EArchiveClass::TEXT:
-            return static_cast<const CQRDObjectText&>(object).Serialize(m_out);
-        case EArchiveClass::SHAPE:
-            return static_cast<const CQRDObjectShape&>(object).Serialize(m_out);
-        case EArchiveClass::PICTURE:
-            return static_cast<const CQRDObjectPicture&>(object).Serialize(m_out);
-        case EArchiveClass::ANIMATION:
-            return static_cast<const CQRDObjectAni&>(object).Serialize(m_out);
-        case EArchiveClass::TIMER:
-            return static_cast<const CQRDObjectTC&>(object).Serialize(m_out);
-        case EArchiveClass::GROUP:
+    AsClass(object, cls, [this](const auto& typed) {
+        if constexpr (std::is_same_v<std::decay_t<decltype(typed)>, CQRDObjectGroup>) {
             // Members are objects of the file in their own right: the map
             // that numbers them is the one of the whole file.
-            return static_cast<const CQRDObjectGroup&>(object).Serialize(
-                m_out, [this](CByteWriter&, const CQRDObject& member) { WriteObject(member); });
-        case EArchiveClass::PAGE:
-            break;
-    }
+            typed.Serialize(m_out, [this](CByteWriter&, const CQRDObject& m) { WriteObject(m); });
+        } else {
+            typed.Serialize(m_out);
+        }
+    });
 }
 
 void CArchiveOut::WriteObjectList(const std::vector<std::unique_ptr<CQRDObject>>& objects) {
@@ -244,29 +262,12 @@ std::unique_ptr<CPageManager> CArchiveIn::ReadPage() {
 }
 
 void CArchiveIn::ReadBody(CQRDObject& object, EArchiveClass cls) {
-    switch (cls) {
-        case EArchiveClass::TEXT:
-            static_cast<CQRDObjectText&>(object).Deserialize(m_in);
-            return;
-        case EArchiveClass::SHAPE:
-            static_cast<CQRDObjectShape&>(object).Deserialize(m_in);
-            return;
-        case EArchiveClass::PICTURE:
-            static_cast<CQRDObjectPicture&>(object).Deserialize(m_in);
-            return;
-        case EArchiveClass::ANIMATION:
-            static_cast<CQRDObjectAni&>(object).Deserialize(m_in);
-            return;
-        case EArchiveClass::TIMER:
-            static_cast<CQRDObjectTC&>(object).Deserialize(m_in);
-            return;
-        case EArchiveClass::GROUP:
-            static_cast<CQRDObjectGroup&>(object).Deserialize(
-                m_in, [this](CByteReader&) { return ReadObject(); });
-            return;
-        case EArchiveClass::PAGE:
-            break;
-    }
+    AsClass(object, cls, [this](auto& typed) {
+        if constexpr (std::is_same_v<std::decay_t<decltype(typed)>, CQRDObjectGroup>)
+            typed.Deserialize(m_in, [this](CByteReader&) { return ReadObject(); });
+        else
+            typed.Deserialize(m_in);
+    });
 }
 
 std::unique_ptr<CQRDObject> CArchiveIn::ReadObject() {

@@ -8,6 +8,7 @@
 #include "objects/tc_object.h"
 #include "render/fixed_string.h"
 #include "support/byte_builder.h"
+#include "support/looks.h"
 #include "support/rect_object.h"
 
 namespace orv {
@@ -42,13 +43,10 @@ TEST(TimerValue, CounterFormatsSplitTheStart) {
     EXPECT_EQ(FormatValue(clock, 0, 0, 0), "");
 }
 
+// The timer tests' look: 40 points, an edge of 3.
 UstDefaultAttr Look(const char* face) {
-    UstDefaultAttr a{};
-    a.attr = MakeDefaultAttr();
-    a.font.nCharSet = 1;
-    a.font.nSize = 40;
-    QStringToFixed(QString::fromLatin1(face), &a.font.szFace);
-    a.metric.nWidth = 100;
+    UstDefaultAttr a = test::MakeLook(QString::fromLatin1(face), 40);
+    a.effect = UstEffect{};
     a.effect.nEdge = 3;
     return a;
 }
@@ -61,40 +59,32 @@ CBytes TimerBytes(const UstDefaultAttr& look, uint32_t hasOldRect) {
     return b;
 }
 
-TEST(TimerArchive, FieldsInOrderWithoutAngleOrRectangle) {
+TEST(TimerArchive, FieldsInOrderWithoutAngleOrRectangleAndNoOldRectangleWritten) {
     const UstDefaultAttr look = Look("DejaVu Sans");
     const CBytes file = TimerBytes(look, 0);
     ASSERT_EQ(file.Size(), 24u + 8 + 4162 + 24);
-    CQRDObjectTC timer;
-    CByteReader in(file.data);
-    ASSERT_TRUE(timer.Deserialize(in));
-    EXPECT_EQ(in.Remaining(), 0u);
-    EXPECT_EQ(timer.m_nWord1, 5);
-    EXPECT_EQ(timer.m_nWord2, 6);
-    EXPECT_EQ(timer.m_bLocked, 1);
-    EXPECT_EQ(timer.m_fStoreX, 120.5f);
-    EXPECT_EQ(timer.m_setting.nStart, 3661);
-    EXPECT_EQ(timer.GetName(), "1:01:01");
-    EXPECT_EQ(timer.Chars().size(), 7u);
-    // Laid out from its origin: the rectangle stands right of it, around the baseline.
-    EXPECT_GE(timer.m_rcStored.left, 118);
-    EXPECT_LT(timer.m_rcStored.top, 300);
-    EXPECT_GT(timer.m_rcStored.bottom, timer.m_rcStored.top + 20);
-    CByteWriter out;
-    timer.Serialize(out);
-    EXPECT_EQ(out.Bytes(), file.data);
-}
-
-TEST(TimerArchive, OldRectangleIsReadAndNeverWritten) {
-    const UstDefaultAttr look = Look("DejaVu Sans");
-    CQRDObjectTC timer;
-    const CBytes old = TimerBytes(look, 1);
-    CByteReader in(old.data);
-    ASSERT_TRUE(timer.Deserialize(in));
-    EXPECT_EQ(timer.m_rcOld, (UstRect{1, 2, 3, 4}));
-    CByteWriter out;
-    timer.Serialize(out);
-    EXPECT_EQ(out.Bytes(), TimerBytes(look, 0).data);
+    for (const uint32_t hasOldRect : {0u, 1u}) {
+        CQRDObjectTC timer;
+        const CBytes read = TimerBytes(look, hasOldRect);
+        CByteReader in(read.data);
+        ASSERT_TRUE(timer.Deserialize(in));
+        EXPECT_EQ(in.Remaining(), 0u);
+        EXPECT_EQ(timer.m_rcOld, (hasOldRect ? UstRect{1, 2, 3, 4} : UstRect{}));
+        EXPECT_EQ(timer.m_nWord1, 5);
+        EXPECT_EQ(timer.m_nWord2, 6);
+        EXPECT_EQ(timer.m_bLocked, 1);
+        EXPECT_EQ(timer.m_fStoreX, 120.5f);
+        EXPECT_EQ(timer.m_setting.nStart, 3661);
+        EXPECT_EQ(timer.GetName(), "1:01:01");
+        EXPECT_EQ(timer.Chars().size(), 7u);
+        // Laid out from its origin: right of it, around the baseline.
+        EXPECT_GE(timer.m_rcStored.left, 118);
+        EXPECT_LT(timer.m_rcStored.top, 300);
+        EXPECT_GT(timer.m_rcStored.bottom, timer.m_rcStored.top + 20);
+        CByteWriter out;
+        timer.Serialize(out);
+        EXPECT_EQ(out.Bytes(), file.data);
+    }
 }
 
 TEST(TimerArchive, MissingFaceGivesWayAndAbsurdOriginsFail) {
@@ -157,15 +147,9 @@ TEST(AnimationArchive, BoxNameAndWordBlockRoundTrip) {
     EXPECT_THROW(CQRDObjectAni().Deserialize(farIn), std::runtime_error);
 }
 
-class FolderContext : public CFakeContext {
-public:
-    QString ObjectFolder() const override { return folder; }
-    QString folder;
-};
-
 TEST(AnimationObject, LeavesItsPageAfterLoadingOnlyWhenItsFileIsGone) {
     QTemporaryDir dir;
-    FolderContext page;
+    CFakeContext page;
     page.folder = dir.path() + '/';
     QFile present(page.folder + "here.ani");
     ASSERT_TRUE(present.open(QIODevice::WriteOnly));

@@ -1,5 +1,7 @@
 #include "support/sample_projects.h"
 
+#include "support/looks.h"
+
 #include <QColor>
 #include <QDir>
 #include <QImage>
@@ -43,17 +45,6 @@ std::unique_ptr<CQRDObjectShape> Box(int left, int top, int right, int bottom) {
                                              MakeDefaultAttr(), MakeDefaultEffect());
 }
 
-UstDefaultAttr TimerLook() {
-    UstDefaultAttr a{};
-    a.attr = MakeDefaultAttr();
-    a.effect = MakeDefaultEffect();
-    a.font.nCharSet = 1;
-    a.font.nSize = 48;
-    QStringToFixed(QStringLiteral("DejaVu Sans"), &a.font.szFace);
-    a.metric.nWidth = 100;
-    return a;
-}
-
 void WriteBackground(const QString& file) {
     QImage image(64, 36, QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y)
@@ -76,7 +67,8 @@ void BuildDemo(CProjectManager& project) {
     WritePicture(MakeEmblemPicture(440), project.ObjectFolder() + "emblem.png");
     WritePicture(MakeGreenScreenPicture(656, 420), project.ObjectFolder() + "weather.png");
     const UstTCSetting timer{0, 7, 0, 3661, 0, 0};
-    page->AddObject(std::make_unique<CQRDObjectTC>(page, TimerLook(), timer, 1500, 1000));
+    page->AddObject(std::make_unique<CQRDObjectTC>(
+        page, MakeLook(QStringLiteral("DejaVu Sans"), 48), timer, 1500, 1000));
     QFile ani(project.ObjectFolder() + "spin.ani");
     ani.open(QIODevice::WriteOnly);
     ani.write("ANI32");
