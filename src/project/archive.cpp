@@ -20,33 +20,23 @@ namespace {
 struct UstClassName {
     EArchiveClass cls;
     const char* name;
+    int type;  // the kind number of the objects it makes
 };
 
 constexpr UstClassName CLASS_NAMES[] = {
-    {EArchiveClass::PAGE, "CPageManager"},       {EArchiveClass::TEXT, "CQRDObjectText"},
-    {EArchiveClass::SHAPE, "CQRDObjectShape"},   {EArchiveClass::PICTURE, "CQRDObjectPicture"},
-    {EArchiveClass::ANIMATION, "CQRDObjectAni"}, {EArchiveClass::TIMER, "CQRDObjectTC"},
-    {EArchiveClass::GROUP, "CQRDObjectGroup"},
+    {EArchiveClass::PAGE, "CPageManager", OBJ_BASE},
+    {EArchiveClass::TEXT, "CQRDObjectText", OBJ_TEXT},
+    {EArchiveClass::SHAPE, "CQRDObjectShape", OBJ_SHAPE},
+    {EArchiveClass::PICTURE, "CQRDObjectPicture", OBJ_PICTURE},
+    {EArchiveClass::ANIMATION, "CQRDObjectAni", OBJ_ANIMATION},
+    {EArchiveClass::TIMER, "CQRDObjectTC", OBJ_TIMER},
+    {EArchiveClass::GROUP, "CQRDObjectGroup", OBJ_GROUP},
 };
 
-// The kind number of the objects a class makes.
 int ObjectType(EArchiveClass cls) {
-    switch (cls) {
-        case EArchiveClass::TEXT:
-            return OBJ_TEXT;
-        case EArchiveClass::SHAPE:
-            return OBJ_SHAPE;
-        case EArchiveClass::PICTURE:
-            return OBJ_PICTURE;
-        case EArchiveClass::ANIMATION:
-            return OBJ_ANIMATION;
-        case EArchiveClass::TIMER:
-            return OBJ_TIMER;
-        case EArchiveClass::GROUP:
-            return OBJ_GROUP;
-        default:
-            return OBJ_BASE;
-    }
+    for (const UstClassName& c : CLASS_NAMES)
+        if (c.cls == cls) return c.type;
+    return OBJ_BASE;
 }
 
 // Class names longer than this never belonged to any class.
