@@ -74,7 +74,7 @@ TEST(TimerArchive, FieldsInOrderWithoutAngleOrRectangleAndNoOldRectangleWritten)
         EXPECT_EQ(timer.m_nWord2, 6);
         EXPECT_EQ(timer.m_bLocked, 1);
         EXPECT_EQ(timer.m_fStoreX, 120.5f);
-        EXPECT_EQ(timer.m_setting.nStart, 3661);
+        EXPECT_EQ(int32_t{timer.m_setting.nStart}, 3661);  // packed: read by value
         EXPECT_EQ(timer.GetName(), "1:01:01");
         EXPECT_EQ(timer.Chars().size(), 7u);
         // Laid out from its origin: right of it, around the baseline.
@@ -94,7 +94,7 @@ TEST(TimerArchive, MissingFaceGivesWayAndAbsurdOriginsFail) {
     CByteReader in(b.data);
     ASSERT_TRUE(timer.Deserialize(in));
     EXPECT_NE(FixedToQString(&timer.m_attr.font.szFace), "No Such Face Anywhere");
-    EXPECT_EQ(timer.m_attr.font.nSize, 40);
+    EXPECT_EQ(int32_t{timer.m_attr.font.nSize}, 40);
 
     CBytes far;
     far.Version().I32(0).I32(1).I32(0).F32(3e9f).F32(0).Record(Look("DejaVu Sans"));
@@ -133,7 +133,7 @@ TEST(AnimationArchive, BoxNameAndWordBlockRoundTrip) {
     EXPECT_EQ(in.Remaining(), 0u);
     EXPECT_EQ(ani.m_rcStored, (UstRect{10, 20, 330, 260}));
     EXPECT_EQ(ani.m_strFile, "clip.ani");
-    EXPECT_EQ(ani.m_words.nRepeat, 3);
+    EXPECT_EQ(int32_t{ani.m_words.nRepeat}, 3);
     EXPECT_EQ(ani.GetAngle(), 0);
     EXPECT_FALSE(ani.HasSizeHandles());
     CByteWriter out;

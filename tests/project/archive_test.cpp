@@ -148,7 +148,7 @@ TEST_F(HandBuiltFile, LoadsItsPagesAndObjects) {
     EXPECT_EQ(shape.m_nKind, 1);
     EXPECT_EQ(shape.m_nAngle, 15);
     EXPECT_EQ(shape.m_rcStored, (UstRect{300, 400, 500, 520}));
-    EXPECT_EQ(shape.m_effect.nOutline, 2);
+    EXPECT_EQ(int32_t{shape.m_effect.nOutline}, 2);
     const CPageManager& p2 = *project.GetPage(1);
     EXPECT_EQ(p2.m_nPageType, 1u);
     ASSERT_EQ(p2.Objects().size(), 1u);
