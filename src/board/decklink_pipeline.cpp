@@ -197,7 +197,8 @@ void CDecklinkPipeline::Tick() {
     const int level = KeyLevel();
     {
         std::lock_guard lock(m_listenMutex);
-        if (m_observer) m_observer(frame, format, level);
+        for (const auto& [id, observer] : m_observers)
+            observer(frame, format, level);
     }
     if (level != m_nAppliedLevel) {
         m_bSinkKeys = sink->SetKeyLevel(level);
@@ -290,9 +291,15 @@ UstPipelineSetup CDecklinkPipeline::Setup() const {
     return m_Setup;
 }
 
-void CDecklinkPipeline::SetFrameObserver(FrameObserver observer) {
+int CDecklinkPipeline::AddFrameObserver(FrameObserver observer) {
     std::lock_guard lock(m_listenMutex);
-    m_observer = std::move(observer);
+    m_observers.emplace_back(m_nNextObserver, std::move(observer));
+    return m_nNextObserver++;
+}
+
+void CDecklinkPipeline::RemoveFrameObserver(int id) {
+    std::lock_guard lock(m_listenMutex);
+    std::erase_if(m_observers, [id](const auto& o) { return o.first == id; });
 }
 
 void CDecklinkPipeline::SetFailureListener(FailureListener listener) {

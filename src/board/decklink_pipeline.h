@@ -16,6 +16,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <QString>
@@ -91,7 +92,11 @@ public:
     void Tick();
     CFrameEvent& SyncEvent() { return m_hSync; }
 
-    void SetFrameObserver(FrameObserver observer);
+    // Called on the playout side with each frame as it leaves, before the
+    // key gain of an output without keyer. Removing one waits until it is no
+    // longer being called.
+    int AddFrameObserver(FrameObserver observer);
+    void RemoveFrameObserver(int id);
     void SetFailureListener(FailureListener listener);
 
     CfgVideo Format() const;
@@ -142,7 +147,8 @@ private:
     bool m_bSinkKeys = true;
 
     mutable std::mutex m_listenMutex;
-    FrameObserver m_observer;
+    std::vector<std::pair<int, FrameObserver>> m_observers;
+    int m_nNextObserver = 1;
     FailureListener m_listener;
     std::vector<UstOutputFailure> m_failures;
 };

@@ -139,8 +139,9 @@ bool CGstSink::Start(const CfgVideo& mode, std::string& error) {
         m_pool->frames.push_back(std::make_unique<uint32_t[]>(m_nFrameBytes / 4));
         m_pool->free.push_back(m_pool->frames.back().get());
     }
-    if (gst_element_set_state(m_pPipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE ||
-        BusFailed()) {
+    const bool refused =
+        gst_element_set_state(m_pPipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE;
+    if (BusFailed() || refused) {
         error = m_strError.empty() ? "the output did not start" : m_strError;
         return false;
     }

@@ -1,5 +1,6 @@
 #include "board/hd_extreme.h"
 
+#include <cstdlib>
 #include <cstring>
 
 #include "project/profile_file.h"
@@ -10,8 +11,38 @@ namespace {
 
 constexpr const char* OUTPUT_SECTION = "QRD_BOARD_OUTPUT";
 constexpr int MODE_BYTES = 24;  // width, height, duration, the row's two words
+constexpr int MIN_QUEUE = 2, MAX_QUEUE = 16;
 
 }  // namespace
+
+bool ApplyBoardOption(std::string_view name, std::string_view value, UstBoardOptions& options,
+                      std::string& error) {
+    if (name == "output") {
+        UstOutputChoice choice;
+        if (!ParseOutputChoice(value, choice))
+            return error = "unknown output '" + std::string(value) +
+                           "' (card, null, monitor, file:PATH.mkv or srt://HOST:PORT)",
+                   false;
+        options.output = choice;
+    } else if (name == "mode") {
+        CfgVideo mode;
+        if (!ModeByShortName(value, mode))
+            return error = "unknown mode '" + std::string(value) +
+                           "' (ntsc, pal, 720p50, 1080i5994, 1080p25, ...)",
+                   false;
+        options.mode = mode;
+    } else if (name == "queue") {
+        const int n = std::atoi(std::string(value).c_str());
+        if (n < MIN_QUEUE || n > MAX_QUEUE)
+            return error = "the queue takes " + std::to_string(MIN_QUEUE) + " to " +
+                           std::to_string(MAX_QUEUE) + " frames",
+                   false;
+        options.queueFrames = n;
+    } else {
+        return error = "unknown option '" + std::string(name) + "'", false;
+    }
+    return true;
+}
 
 UstOutputSettings LoadOutputSettings(const std::filesystem::path& file) {
     UstOutputSettings settings;
@@ -19,7 +50,7 @@ UstOutputSettings LoadOutputSettings(const std::filesystem::path& file) {
         ParseOutputChoice(*text, settings.output);
     if (const auto queue = ReadProfileString(file, OUTPUT_SECTION, "Queue")) {
         const int n = std::atoi(queue->c_str());
-        if (n >= 2 && n <= 16) settings.nQueueFrames = n;
+        if (n >= MIN_QUEUE && n <= MAX_QUEUE) settings.nQueueFrames = n;
     }
     return settings;
 }

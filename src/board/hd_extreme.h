@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "board/canvas_board.h"
 
@@ -18,6 +20,11 @@ struct UstBoardOptions {
     std::optional<CfgVideo> mode;
     std::optional<int> queueFrames;
 };
+
+// An output option of the command line, "output", "mode" or "queue", with
+// its value; false with a reason when the value is not understood.
+bool ApplyBoardOption(std::string_view name, std::string_view value, UstBoardOptions& options,
+                      std::string& error);
 
 // The output as chosen in the configuration, kept in board.ini beside the
 // record under a section of its own.

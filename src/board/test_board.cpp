@@ -16,7 +16,7 @@ CTestBoard::~CTestBoard() {
 void CTestBoard::Open() {
     if (!AllocateCanvas()) return;
     m_bOpened = 1;
-    m_Pipeline.SetFrameObserver([this](const uint32_t* frame, const CfgVideo& format, int level) {
+    m_nObserver = m_Pipeline.AddFrameObserver([this](const uint32_t* frame, const CfgVideo& format, int level) {
         std::lock_guard lock(m_mutex);
         m_LastFrame.assign(frame, frame + static_cast<size_t>(format.nWidth) * format.nHeight);
         if (m_hook) m_hook(frame, format, level);
@@ -27,7 +27,7 @@ void CTestBoard::Open() {
 void CTestBoard::Close() {
     if (m_bOpened) {
         m_Pipeline.Close();
-        m_Pipeline.SetFrameObserver(nullptr);
+        m_Pipeline.RemoveFrameObserver(m_nObserver);
         m_bOpened = 0;
     }
     FreeCanvas();

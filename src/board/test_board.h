@@ -51,6 +51,7 @@ public:
 
 private:
     EPlayoutClock m_eClock;
+    int m_nObserver = 0;
     mutable std::mutex m_mutex;
     std::vector<uint32_t> m_LastFrame;
     std::vector<int> m_KeyLevels;

@@ -18,6 +18,8 @@ class QMdiArea;
 
 namespace orv {
 
+class CGBoard;
+class CProgramMonitor;
 class CSplashScreenEx;
 class CZevrantDoc;
 class CZevrantView;
@@ -27,7 +29,8 @@ class CZevrantView;
 class CMainFrame : public QMainWindow {
     Q_OBJECT
 public:
-    CMainFrame(const UstFolders& folders, uint16_t language);
+    // board: the output board, or null; not owned.
+    CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* board = nullptr);
     ~CMainFrame() override;
 
     // The window work of creation, in its order. False ends start-up.
@@ -53,6 +56,16 @@ public:
     void ExportPageToTga();
     // Writes the active page to a TGA file; false with nothing written on failure.
     bool ExportPageTo(const QString& file);
+
+    // The output menu's commands: Hardware Configuration (757), Reset the
+    // graphic board (758), the program monitor.
+    void OnHardwareConfiguration();
+    void OnResetBoard();
+    void ShowProgramMonitor(bool show);
+    CProgramMonitor* ProgramMonitor() const { return m_pMonitor; }
+    // An output that failed and gave way to the clock: said once in the
+    // status bar and in the log.
+    Q_INVOKABLE void OnOutputFailure(const QString& output, const QString& reason);
 
     Q_INVOKABLE void OnPlayNotify(int what, int arg);
     Q_INVOKABLE void OnAttrChanged();
@@ -80,6 +93,10 @@ private:
     void CreatePageMenu();
     void CreateTextMenu();
     void CreateShapeMenu();
+    void CreateBoardMenu();
+    void AttachBoard();
+    void DetachBoard();
+    void ShowModeName();
     void StartShape(int kind);
     void ApplyPaint(int slot, const UstFill& fill);
     void ChooseSolidPaint(int slot);
@@ -98,6 +115,9 @@ private:
 
     UstFolders m_folders;
     uint16_t m_nLanguage;
+    CGBoard* m_pBoard;
+    CProgramMonitor* m_pMonitor = nullptr;
+    QAction* m_pMonitorAction = nullptr;
     CSplashScreenEx* m_pSplash = nullptr;
     QMdiArea* m_pMdi = nullptr;
     QTimer m_timer;
