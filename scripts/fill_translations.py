@@ -153,6 +153,39 @@ KO = {
     "%1 Colour...": "%1 색...",
     "%1 Gradient...": "%1 그라데이션...",
     "Effects...": "효과...",
+    "Initializing hardware....": "하드웨어를 초기화하는 중....",
+    "O&utput": "출력(&U)",
+    "Hardware Configuration\nConfigure": "하드웨어 설정\n설정",
+    "Reset the graphic board\nReset": "그래픽 보드 초기화\n초기화",
+    "Show what the output sends\nProgram Monitor": "출력으로 나가는 화면 보기\n프로그램 모니터",
+    "Put colour bars and a key ramp on the output\nTest Card":
+        "출력에 컬러 바와 키 램프 내보내기\n테스트 카드",
+    "The output %1 failed (%2); frames go to the clock-paced output.":
+        "출력 %1이(가) 실패했습니다(%2). 프레임은 시계에 맞춘 출력으로 보냅니다.",
+    "To apply changes, the program must be restarted. Terminate program?":
+        "변경 사항을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?",
+    "Hardware Configuration": "하드웨어 설정",
+    "Device": "장치",
+    "Video Format": "비디오 형식",
+    "Audio Format": "오디오 형식",
+    "Keying": "키잉",
+    "Internal": "내부",
+    "External": "외부",
+    "Output": "출력",
+    "Card": "카드",
+    "Clock only, no picture": "시계만 (화면 없음)",
+    "Program monitor": "프로그램 모니터",
+    "File (lossless, fill and key)": "파일 (무손실, 필과 키)",
+    "SRT stream (fill over black)": "SRT 스트림 (검정 위의 필)",
+    "output.mkv": "output.mkv",
+    "Output File": "출력 파일",
+    "Matroska Files (*.mkv)": "Matroska 파일 (*.mkv)",
+    "Program Monitor": "프로그램 모니터",
+    "Colour...": "색상...",
+    "Picture...": "그림...",
+    "Monitor Background": "모니터 배경",
+    "Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)":
+        "그림 (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)

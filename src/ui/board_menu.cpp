@@ -8,6 +8,7 @@
 #include <QStatusBar>
 
 #include "board/hd_extreme.h"
+#include "board/test_card.h"
 #include "shell/app_object.h"
 #include "shell/frame_rules.h"
 #include "ui/config_decklink_dialog.h"
@@ -35,6 +36,9 @@ void CMainFrame::CreateBoardMenu() {
     add(tr("Hardware Configuration\nConfigure"), "cmd757", [this] { OnHardwareConfiguration(); });
     add(tr("Reset the graphic board\nReset"), "cmd758", [this] { OnResetBoard(); });
     menu->addSeparator();
+    QAction* card = add(tr("Put colour bars and a key ramp on the output\nTest Card"), "testcard",
+                        [this](bool on) { SendTestCard(on); });
+    card->setCheckable(true);
     m_pMonitorAction = add(tr("Show what the output sends\nProgram Monitor"), "monitor",
                            [this](bool on) { ShowProgramMonitor(on); });
     m_pMonitorAction->setCheckable(true);
@@ -96,6 +100,20 @@ void CMainFrame::OnHardwareConfiguration() {
 
 void CMainFrame::OnResetBoard() {
     if (m_pBoard) m_pBoard->Reset();
+}
+
+// Only in edit mode, where no page is being played and nothing else draws
+// to the canvas; the card stays until it is taken off again.
+void CMainFrame::SendTestCard(bool on) {
+    if (!m_pBoard || m_nPlayState != 0) return;
+    const UstSize size = m_pBoard->GetFrameSize(0);
+    int x = 0, y = 0;
+    m_pBoard->GetOrigin(x, y);
+    uint32_t* canvas = m_pBoard->GetChannelCanvas(0);
+    if (!on) return m_pBoard->FillRect(x, y, canvas, size.cx, size.cy, 0);
+    const std::vector<uint32_t> card = MakeTestCard(size.cx, size.cy);
+    m_pBoard->CopyRect(x, y, canvas, size.cx, 0, 0, size.cx, size.cy, card.data());
+    if (CDecklinkPipeline* pipe = m_pBoard->GetPipeline()) pipe->CaptureField();
 }
 
 void CMainFrame::ShowProgramMonitor(bool show) {

@@ -17,6 +17,7 @@ namespace orv {
 namespace {
 
 constexpr int RECORD_BYTES = sizeof(UstBoardRecord);
+constexpr int MIN_WIDTH = 380;
 
 QComboBox* Box(QWidget* parent, const char* id) {
     auto* box = new QComboBox(parent);
@@ -29,6 +30,7 @@ QComboBox* Box(QWidget* parent, const char* id) {
 CDlgConfigDecklink::CDlgConfigDecklink(IF_HDExtreme& board, QWidget* parent)
     : QDialog(parent), m_board(board), m_Saved(board.Record()) {
     setWindowTitle(tr("Hardware Configuration"));
+    setMinimumWidth(MIN_WIDTH);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(BuildBoxes());
     layout->addWidget(BuildKeying());

@@ -58,10 +58,11 @@ public:
     bool ExportPageTo(const QString& file);
 
     // The output menu's commands: Hardware Configuration (757), Reset the
-    // graphic board (758), the program monitor.
+    // graphic board (758), the test card, the program monitor.
     void OnHardwareConfiguration();
     void OnResetBoard();
     void ShowProgramMonitor(bool show);
+    void SendTestCard(bool on);
     CProgramMonitor* ProgramMonitor() const { return m_pMonitor; }
     // An output that failed and gave way to the clock: said once in the
     // status bar and in the log.

@@ -157,3 +157,50 @@ TEST(BoardTable, DefaultsOfTheAbstractBoard) {
 
 }  // namespace
 }  // namespace orv
+
+namespace orv {
+namespace {
+
+// Everything that reaches the board from other threads at once, while the
+// playout thread runs in real time: drawing, captures, origin and key,
+// observers coming and going, a rebuild, and a close with a waiter inside.
+TEST(PlayoutThreads, DrawingObservingAndRebuildingTogether) {
+    CTestBoard board(MakeVideoMode(1280, 720, 166833), EPlayoutClock::THREAD);
+    CDecklinkPipeline* pipe = board.GetPipeline();
+    uint32_t* canvas = board.GetChannelCanvas(0);
+    std::atomic<bool> drawing{true};
+    std::thread drawer([&] {
+        for (uint32_t i = 0; drawing; ++i) {
+            board.WaitFrame();
+            board.FillRect(static_cast<int>(i * 7), 0, canvas, 1280, 720, i);
+            pipe->CaptureField();
+            board.SetOrigin(static_cast<int>(i), static_cast<int>(i * 3));
+            board.SetKeyLevel(static_cast<int>(i & 255));
+            pipe->m_bFullFrame = static_cast<int32_t>(i & 1);
+            board.FillSlantLine(0, 0, 100, 37, 5, 5, canvas, i);
+        }
+    });
+    std::atomic<int> seen{0};
+    std::thread watcher([&] {
+        const auto deadline = std::chrono::steady_clock::now() + 10s;
+        for (int i = 0; i < 20 || (seen == 0 && std::chrono::steady_clock::now() < deadline);
+             ++i) {
+            const int id =
+                pipe->AddFrameObserver([&](const uint32_t*, const CfgVideo&, int) { ++seen; });
+            std::this_thread::sleep_for(5ms);
+            pipe->RemoveFrameObserver(id);
+        }
+    });
+    std::this_thread::sleep_for(50ms);
+    pipe->Rebuild();
+    std::this_thread::sleep_for(50ms);
+    watcher.join();
+    drawing = false;
+    board.Close();  // the drawer may be waiting: the close wakes it
+    drawer.join();
+    EXPECT_GT(seen.load(), 0);
+    EXPECT_GT(board.WaitCount(), 0);
+}
+
+}  // namespace
+}  // namespace orv

@@ -54,6 +54,26 @@ TEST_F(BoardUi, OutputMenuNeedsABoardAndTheModePaneNamesIt) {
     frame->OnHardwareConfiguration();  // a board without a dialog: nothing to ask
 }
 
+TEST_F(BoardUi, TestCardGoesOnAndOffAtTheOrigin) {
+    CTestBoard board(MakeVideoMode(720, 576, 400000));
+    board.SetOrigin(4000, 10);
+    auto frame = FrameWith(&board);
+    frame->m_nPlayState = 1;
+    frame->SendTestCard(true);  // not while playing
+    EXPECT_EQ(board.View()[0], 0u);
+    frame->m_nPlayState = 0;
+    frame->SendTestCard(true);
+    const std::vector<uint32_t> view = board.View();
+    EXPECT_EQ(view[0], 0xFFBFBFBFu);             // the first bar
+    EXPECT_EQ(view[719], 0xFF0000BFu);           // the last
+    EXPECT_EQ(view[575 * 720], 0u);              // the ramp starts transparent
+    EXPECT_EQ(view[575 * 720 + 719], 0xFFFFFFFFu);  // and ends at full white
+    EXPECT_EQ(view[400 * 720 + 359], 0x7F7F7F7Fu);  // 359 x 255 / 719
+    frame->SendTestCard(false);
+    for (uint32_t v : board.View())
+        ASSERT_EQ(v, 0u);
+}
+
 TEST_F(BoardUi, DialogRowsSelectionAndCancel) {
     IF_HDExtreme board(Options("null"));
     UstBoardRecord opening;
