@@ -67,16 +67,22 @@ void CopyBaseline() {
     benchmark::DoNotOptimize(d.copy.data());
 }
 
+double Median(std::vector<double> v) {
+    std::nth_element(v.begin(), v.begin() + static_cast<ptrdiff_t>(v.size() / 2), v.end());
+    return v[v.size() / 2];
+}
+
 // The baseline is timed in turns with the copy, so that a machine changing
-// speed during the run moves both alike.
+// speed during the run moves both alike; the medians are compared, which a
+// single lucky run of either cannot move.
 template <typename F>
-double BestRatio(F op, int runs = 30) {
-    double copy = 1e9, work = 1e9;
+double MedianRatio(F op, int runs = 61) {
+    std::vector<double> copy, work;
     for (int i = 0; i < runs; ++i) {
-        copy = std::min(copy, ColdSeconds(CopyBaseline));
-        work = std::min(work, ColdSeconds(op));
+        copy.push_back(ColdSeconds(CopyBaseline));
+        work.push_back(ColdSeconds(op));
     }
-    return work / copy;
+    return Median(work) / Median(copy);
 }
 
 std::vector<std::string> g_misses;
@@ -100,7 +106,7 @@ void BM_Frame(benchmark::State& s) {
     const orv::UstView view{Data().canvas.data(), o.x, o.y, W, H};
     double ratio = 0;
     for (auto _ : s)
-        ratio = BestRatio([&] { orv::CopyFrame(Data().frame.data(), view); });
+        ratio = MedianRatio([&] { orv::CopyFrame(Data().frame.data(), view); });
     s.SetLabel(o.name);
     Report(s, std::string("frame, ") + o.name, "ratio", ratio, 1.5);
 }
@@ -110,7 +116,7 @@ void BM_Fields(benchmark::State& s) {
     const orv::UstView view{Data().canvas.data(), o.x, o.y, W, H};
     double ratio = 0;
     for (auto _ : s)
-        ratio = BestRatio([&] {
+        ratio = MedianRatio([&] {
             orv::CopyHeld(Data().frame.data(), Data().held.data(), W, H, 1);
             orv::CopyField(Data().frame.data(), view, 0);
         });

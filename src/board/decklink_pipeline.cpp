@@ -46,8 +46,15 @@ int CDecklinkPipeline::OpenWith(uint32_t* canvas, UstBoardRecord* record, EPlayo
     return running;
 }
 
+// The canvas goes with the board after this: a late capture or erase finds
+// nothing to read.
 void CDecklinkPipeline::Close() {
     Stop();
+    {
+        std::lock_guard lock(m_canvasMutex);
+        m_pCanvas = nullptr;
+        m_FieldBuffer.clear();
+    }
     std::lock_guard lock(m_sinkMutex);
     m_pSink.reset();
     m_strSink.clear();
@@ -265,7 +272,7 @@ int CDecklinkPipeline::IsInterlaced() const {
 
 void CDecklinkPipeline::CaptureField() {
     std::lock_guard lock(m_canvasMutex);
-    if (m_FieldBuffer.empty()) return;
+    if (m_FieldBuffer.empty() || !m_pCanvas) return;
     const CfgVideo& f = m_Format;
     const int selector = f.nWidth == 720 && FramesPerSecond(f.Duration()) == 29 ? 0 : 1;
     CopyField(m_FieldBuffer.data(),
@@ -274,6 +281,7 @@ void CDecklinkPipeline::CaptureField() {
 
 void CDecklinkPipeline::ClearView() {
     std::lock_guard lock(m_canvasMutex);
+    if (!m_pCanvas) return;
     const CfgVideo& f = m_Format;
     const int x = m_nOriginX.load(), y = m_nOriginY.load();
     CanvasFillRect(m_pCanvas, x, y, f.nWidth, f.nHeight, 0);

@@ -5,6 +5,10 @@
 #include <algorithm>
 #include <cstring>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #include "board/canvas.h"
 
 namespace orv {
@@ -13,11 +17,42 @@ namespace {
 
 constexpr int BAND = 4;    // rows copied side by side
 constexpr int CHUNK = 16;  // pixels: one cache line
+constexpr uintptr_t LINE = 64;
 
-// n pixels of each of COUNT rows, a cache line of each in turn.
+#ifdef __SSE2__
+void StreamLine(uint32_t* dst, const uint32_t* src) {
+    const auto* s = reinterpret_cast<const __m128i*>(src);
+    auto* d = reinterpret_cast<__m128i*>(dst);
+    const __m128i a = _mm_loadu_si128(s), b = _mm_loadu_si128(s + 1);
+    const __m128i c = _mm_loadu_si128(s + 2), e = _mm_loadu_si128(s + 3);
+    _mm_stream_si128(d, a);
+    _mm_stream_si128(d + 1, b);
+    _mm_stream_si128(d + 2, c);
+    _mm_stream_si128(d + 3, e);
+}
+#endif
+
+// n pixels of each of COUNT rows, a cache line of each in turn. When the
+// rows share their place within a cache line, whole lines are written past
+// the caches: the frame goes to the output and not back to this processor,
+// and a plain store would first read each line of it from memory.
 template <int COUNT>
 void CopyBand(uint32_t* const* dst, const uint32_t* const* src, int n) {
     int i = 0;
+#ifdef __SSE2__
+    const uintptr_t offset = reinterpret_cast<uintptr_t>(dst[0]) & (LINE - 1);
+    bool same = true;
+    for (int k = 1; k < COUNT; ++k)
+        same = same && (reinterpret_cast<uintptr_t>(dst[k]) & (LINE - 1)) == offset;
+    if (same) {
+        i = std::min(n, static_cast<int>(((LINE - offset) & (LINE - 1)) / 4));
+        for (int k = 0; k < COUNT; ++k)
+            std::memcpy(dst[k], src[k], static_cast<size_t>(i) * 4);
+        for (; i + CHUNK <= n; i += CHUNK)
+            for (int k = 0; k < COUNT; ++k)
+                StreamLine(dst[k] + i, src[k] + i);
+    }
+#endif
     for (; i + CHUNK <= n; i += CHUNK)
         for (int k = 0; k < COUNT; ++k)
             std::memcpy(dst[k] + i, src[k] + i, CHUNK * 4);
@@ -25,45 +60,64 @@ void CopyBand(uint32_t* const* dst, const uint32_t* const* src, int n) {
         std::memcpy(dst[k] + i, src[k] + i, static_cast<size_t>(n - i) * 4);
 }
 
-// Gathers rows into bands of BAND and copies each band: the view's columns
-// before the canvas's column wrap, then those after it.
+// Gathers rows into bands of BAND and copies each band. Every row comes in
+// two pieces of fixed lengths: for a canvas row the columns before its
+// column wrap and those after it.
 class CBander {
 public:
-    CBander(int width, int column) : m_nFirst(std::min(width, CANVAS_SIZE - column)),
-                                     m_nSecond(width - m_nFirst), m_nColumn(column) {}
-    ~CBander() { Flush(); }
-    // A frame row and the start of the canvas row (or any row) it takes.
-    void Add(uint32_t* dst, const uint32_t* row) {
+    CBander(int first, int second) : m_nFirst(first), m_nSecond(second) {}
+    // The lines written past the caches are in memory before anyone else
+    // is told that the frame is ready.
+    ~CBander() {
+        Flush();
+#ifdef __SSE2__
+        _mm_sfence();
+#endif
+    }
+    void Add(uint32_t* dst, const uint32_t* first, const uint32_t* second) {
         m_dst[m_count] = dst;
-        m_row[m_count] = row;
+        m_first[m_count] = first;
+        m_second[m_count] = second;
         if (++m_count == BAND) Flush();
     }
 
 private:
     void Flush() {
-        const uint32_t* src[BAND];
-        uint32_t* dst[BAND];
-        for (int k = 0; k < m_count; ++k)
-            src[k] = m_row[k] + m_nColumn;
-        Copy(m_dst, src, m_nFirst);
-        for (int k = 0; k < m_count; ++k) {
-            src[k] = m_row[k];
-            dst[k] = m_dst[k] + m_nFirst;
+        Copy(m_dst, m_first, m_nFirst);
+        if (m_nSecond) {
+            for (int k = 0; k < m_count; ++k)
+                m_dst[k] += m_nFirst;
+            Copy(m_dst, m_second, m_nSecond);
         }
-        if (m_nSecond) Copy(dst, src, m_nSecond);
         m_count = 0;
     }
-    void Copy(uint32_t* const* dst, const uint32_t* const* src, int n) {
+    void Copy(uint32_t* const* dst, const uint32_t* const* src, int n) const {
         if (m_count == BAND) return CopyBand<BAND>(dst, src, n);
         for (int k = 0; k < m_count; ++k)
             CopyBand<1>(dst + k, src + k, n);
     }
 
-    int m_nFirst, m_nSecond, m_nColumn;
+    int m_nFirst, m_nSecond;
     int m_count = 0;
     uint32_t* m_dst[BAND];
-    const uint32_t* m_row[BAND];
+    const uint32_t* m_first[BAND];
+    const uint32_t* m_second[BAND];
 };
+
+int BeforeColumnWrap(const UstView& view) {
+    return std::min(view.nWidth, CANVAS_SIZE - (view.nOriginX & CANVAS_MASK));
+}
+
+// A bander for rows of the view: the pieces on both sides of the wrap.
+CBander ViewBander(const UstView& view) {
+    const int first = BeforeColumnWrap(view);
+    return CBander(first, view.nWidth - first);
+}
+
+void AddViewRow(CBander& band, uint32_t* dst, const UstView& view, int canvasRow) {
+    const uint32_t* row = view.canvas + (static_cast<size_t>(canvasRow) << 12);
+    band.Add(dst, row + (view.nOriginX & CANVAS_MASK), row);
+}
 
 // Calls copy(frameRow, canvasRow, count) for each view row: count runs from 0
 // in the rows before the canvas's last row and again from 0 after it.
@@ -82,11 +136,14 @@ template <typename Take>
 void CopyRows(uint32_t* dst, const UstView& view, Take take) {
     if (!view.canvas || view.nWidth < 1) return;
     const size_t stride = static_cast<size_t>(view.nWidth);
-    CBander band(view.nWidth, view.nOriginX & CANVAS_MASK);
+    CBander band = ViewBander(view);
     ForViewRows(view, [&](int frameRow, int canvasRow, int count) {
-        if (take(count))
-            band.Add(dst + frameRow * stride, view.canvas + (static_cast<size_t>(canvasRow) << 12));
+        if (take(count)) AddViewRow(band, dst + frameRow * stride, view, canvasRow);
     });
+}
+
+bool IsHeldRow(int row, int height, int parity) {
+    return ((height - 1 - row) & 1) == parity;
 }
 
 }  // namespace
@@ -104,7 +161,8 @@ void CopyHeld(uint32_t* dst, const uint32_t* held, int width, int height, int pa
     const size_t stride = static_cast<size_t>(width);
     CBander band(width, 0);
     for (int row = 0; row < height; ++row)
-        if (((height - 1 - row) & 1) == parity) band.Add(dst + row * stride, held + row * stride);
+        if (IsHeldRow(row, height, parity))
+            band.Add(dst + row * stride, held + row * stride, nullptr);
 }
 
 void ScaleFrameByLevel(uint32_t* frame, size_t pixels, int level) {

@@ -33,6 +33,26 @@ TEST(ViewCopy, FrameWrapsInBothDirections) {
     EXPECT_EQ(frame, std::vector<uint32_t>(std::begin(expected), std::end(expected)));
 }
 
+// Rows long enough to be copied a cache line at a time, in bands of four and
+// a partial band, into frames at every offset within a cache line.
+TEST(ViewCopy, LongRowsAtAnyAlignmentComeOutExact) {
+    const std::vector<uint32_t> canvas = NumberedCanvas();
+    for (int width : {64, 100, 1920}) {
+        for (int shift : {0, 1, 5, 12}) {
+            const int height = 7;
+            std::vector<uint32_t> store(static_cast<size_t>(width) * height + 16, UNTOUCHED);
+            uint32_t* frame = store.data() + shift;
+            CopyFrame(frame, {canvas.data(), 4050, 4093, width, height});
+            for (int y = 0; y < height; ++y)
+                for (int x = 0; x < width; ++x)
+                    ASSERT_EQ(frame[y * width + x], Where((4050 + x) & 4095, (4093 + y) & 4095))
+                        << width << " " << shift << " " << x << "," << y;
+            EXPECT_EQ(store[static_cast<size_t>(width) * height + shift], UNTOUCHED);
+            EXPECT_EQ(shift ? store[shift - 1] : UNTOUCHED, UNTOUCHED);
+        }
+    }
+}
+
 TEST(ViewCopy, FieldParityStartsAgainAfterTheRowWrap) {
     const std::vector<uint32_t> canvas = NumberedCanvas();
     // Six rows from row 4093: counts 0, 1, 2 before the wrap and 0, 1, 2 after.

