@@ -36,6 +36,10 @@ TEST_F(CanvasOps, OriginReducesModuloTheCanvas) {
     m_board.GetOrigin(x, y);
     EXPECT_EQ(x, 1);
     EXPECT_EQ(y, 4095);
+    m_board.SetOrigin(-1, 8193);
+    m_board.GetOrigin(x, y);
+    EXPECT_EQ(x, 4095);
+    EXPECT_EQ(y, 1);
     EXPECT_EQ(m_board.GetCanvasSize(), (UstSize{4096, 4096}));
 }
 
@@ -86,6 +90,10 @@ TEST_F(CanvasOps, SlantedRunsFollowTheIntegerLine) {
     // x drives: spans 5 and 2, error 2d - D = -1, pixels worked out by hand.
     m_board.FillSlantLine(0, 0, 5, 2, 0, 0, m_pCanvas, 1);
     EXPECT_EQ(Written(), (Points{{0, 0}, {1, 0}, {2, 1}, {3, 1}, {4, 2}, {5, 2}}));
+    std::fill_n(m_pCanvas, CANVAS_PIXELS, 0u);
+    // Spans 4 and 2: the error starts at 0 and returns to it; only above 0 steps.
+    m_board.FillSlantLine(0, 0, 4, 2, 0, 0, m_pCanvas, 1);
+    EXPECT_EQ(Written(), (Points{{0, 0}, {1, 0}, {2, 1}, {3, 1}, {4, 2}}));
     std::fill_n(m_pCanvas, CANVAS_PIXELS, 0u);
     // y drives, given bottom end first: swapped so that y increases.
     m_board.FillSlantLine(2, 5, 0, 0, 10, 20, m_pCanvas, 1);
