@@ -18,8 +18,9 @@ bool ReadBoardOptions(const QStringList& arguments, orv::UstBoardOptions& option
     parser.addOptions({
         {"output", "Where frames go: card, null, monitor, file:PATH.mkv or srt://HOST:PORT.",
          "output"},
-        {"mode", "Video mode: ntsc, pal, 720p50, 720p5994, 720p60, 1080i50, 1080i5994, "
-                 "1080p2398, 1080p24, 1080p25, 1080p2997, 1080p30, 1080p50, 1080p5994, 1080p60.",
+        {"mode",
+         "Video mode: ntsc, pal, 720p50, 720p5994, 720p60, 1080i50, 1080i5994, "
+         "1080p2398, 1080p24, 1080p25, 1080p2997, 1080p30, 1080p50, 1080p5994, 1080p60.",
          "mode"},
         {"queue", "Frames the output may hold before the playout waits (2 to 16).", "frames"},
     });

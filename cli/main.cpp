@@ -62,10 +62,8 @@ int Demo(int argc, char** argv) {
 int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "demo") == 0) return Demo(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "modes") == 0) return orv::cli::ListModes(argc, argv);
-    if (argc >= 2 && std::strcmp(argv[1], "output") == 0)
-        return orv::cli::PlayTestCard(argc, argv);
-    if (argc >= 2 && std::strcmp(argv[1], "frames") == 0)
-        return orv::cli::UnpackFrames(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "output") == 0) return orv::cli::PlayTestCard(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "frames") == 0) return orv::cli::UnpackFrames(argc, argv);
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
             std::printf("orvantis-cli 1.62\n");

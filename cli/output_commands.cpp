@@ -25,8 +25,9 @@ constexpr int BOX_STEP = 8;  // its move each field
 void PrintFailures(const CDecklinkPipeline& pipe, size_t from) {
     const auto failures = pipe.Failures();
     for (size_t i = from; i < failures.size(); ++i)
-        std::fprintf(stderr, "orvantis-cli: the output %s failed (%s); frames go to the "
-                             "clock-paced output\n",
+        std::fprintf(stderr,
+                     "orvantis-cli: the output %s failed (%s); frames go to the "
+                     "clock-paced output\n",
                      failures[i].strOutput.c_str(), failures[i].strReason.c_str());
 }
 
@@ -40,7 +41,8 @@ bool ReadOptions(int argc, char** argv, UstBoardOptions& options, int& frames) {
         const std::string name = arg.substr(2), value = argv[++i];
         if (name == "frames") {
             frames = std::atoi(value.c_str());
-            if (frames < 1) return std::fprintf(stderr, "orvantis-cli output: bad --frames\n"), false;
+            if (frames < 1)
+                return std::fprintf(stderr, "orvantis-cli output: bad --frames\n"), false;
             continue;
         }
         std::string error;
@@ -103,8 +105,8 @@ int PlayTestCard(int argc, char** argv) {
     PrintFailures(pipe, atStart);
     const bool failed = !pipe.Failures().empty();
     board.Close();
-    std::printf("%d frames in %.2f s (%.2f frames a second)%s\n", frames, seconds,
-                frames / seconds, failed ? ", output failed" : "");
+    std::printf("%d frames in %.2f s (%.2f frames a second)%s\n", frames, seconds, frames / seconds,
+                failed ? ", output failed" : "");
     return failed ? 1 : 0;
 }
 

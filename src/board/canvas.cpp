@@ -119,7 +119,8 @@ void CanvasCopySlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int o
 void CanvasFillSlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
                          uint32_t value) {
     if (!canvas) return;
-    SlantRun(x1, y1, x2, y2, [&](int x, int y) { *CanvasPixel(canvas, offX + x, offY + y) = value; });
+    SlantRun(x1, y1, x2, y2,
+             [&](int x, int y) { *CanvasPixel(canvas, offX + x, offY + y) = value; });
 }
 
 }  // namespace orv

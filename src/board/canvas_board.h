@@ -26,8 +26,8 @@ public:
     void GetPixelAspect(float& x, float& y, int format) const override;
     void SetOrigin(int x, int y) override;
     void GetOrigin(int& x, int& y) const override;
-    void CopyRect(int dx, int dy, uint32_t* canvas, int srcStride, int srcX, int srcY, int w,
-                  int h, const uint32_t* src) override;
+    void CopyRect(int dx, int dy, uint32_t* canvas, int srcStride, int srcX, int srcY, int w, int h,
+                  const uint32_t* src) override;
     void FillRect(int dx, int dy, uint32_t* canvas, int w, int h, uint32_t value) override;
     void CopyLine(int x1, int y1, int x2, int y2, uint32_t* canvas, int srcStride, int srcX,
                   int srcY, const uint32_t* src) override;

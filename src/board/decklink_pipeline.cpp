@@ -83,9 +83,10 @@ std::unique_ptr<COutputSink> CDecklinkPipeline::MakeSink(std::string& name, bool
     const UstOutputChoice& out = m_Setup.output;
     name = FormatOutputChoice(out);
     missingCard = false;
-    if (!m_bForCard) return m_eClock == EPlayoutClock::THREAD
-                                ? std::unique_ptr<COutputSink>(std::make_unique<CClockSink>())
-                                : std::make_unique<CMemorySink>();
+    if (!m_bForCard)
+        return m_eClock == EPlayoutClock::THREAD
+                   ? std::unique_ptr<COutputSink>(std::make_unique<CClockSink>())
+                   : std::make_unique<CMemorySink>();
     switch (out.kind) {
         case EOutputKind::CARD:
             if (m_Devices.empty()) {
@@ -105,8 +106,7 @@ std::unique_ptr<COutputSink> CDecklinkPipeline::MakeSink(std::string& name, bool
 int CDecklinkPipeline::Build() {
     RepairRecordMode(*m_pRecord);
     CfgVideo format = RecordVideoMode(*m_pRecord);
-    if (!m_Devices.empty() && FindVideoMode(m_VideoModes, *m_pRecord) < 0 &&
-        !m_VideoModes.empty())
+    if (!m_Devices.empty() && FindVideoMode(m_VideoModes, *m_pRecord) < 0 && !m_VideoModes.empty())
         format = m_VideoModes.front();
     {
         std::lock_guard lock(m_canvasMutex);

@@ -50,8 +50,8 @@ struct UstPipelineSetup {
 
 class CDecklinkPipeline {
 public:
-    using FrameObserver = std::function<void(const uint32_t* frame, const CfgVideo& format,
-                                             int keyLevel)>;
+    using FrameObserver =
+        std::function<void(const uint32_t* frame, const CfgVideo& format, int keyLevel)>;
     using FailureListener = std::function<void(const UstOutputFailure&)>;
 
     CDecklinkPipeline() = default;

@@ -51,8 +51,8 @@ void CBoardChannel::CopyLine(int x1, int y1, int x2, int y2, int srcStride, int 
     m_pBoard->CopyLine(x1, y1, x2, y2, m_pCanvas, srcStride, srcX, srcY, src);
 }
 
-void CBoardChannel::CopySlantLine(int x1, int y1, int x2, int y2, int offX, int offY,
-                                  int srcStride, const uint32_t* src) {
+void CBoardChannel::CopySlantLine(int x1, int y1, int x2, int y2, int offX, int offY, int srcStride,
+                                  const uint32_t* src) {
     m_pBoard->CopySlantLine(x1, y1, x2, y2, offX, offY, m_pCanvas, srcStride, src);
 }
 

@@ -52,8 +52,8 @@ bool IsCard(GstDevice* device, int& number) {
     if (!element) return false;
     GstElementFactory* factory = gst_element_get_factory(element);
     const bool card =
-        factory && std::strcmp(gst_plugin_feature_get_name(GST_PLUGIN_FEATURE(factory)),
-                               CARD_ELEMENT) == 0;
+        factory &&
+        std::strcmp(gst_plugin_feature_get_name(GST_PLUGIN_FEATURE(factory)), CARD_ELEMENT) == 0;
     if (card) g_object_get(element, "device-number", &number, nullptr);
     gst_object_unref(element);
     return card;

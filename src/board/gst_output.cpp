@@ -173,11 +173,11 @@ void CGstSink::SetCaps(const CfgVideo& mode) {
     if (card && mode.nHeight == 576) parN = 12, parD = 11;
     if (card) gst_util_set_object_arg(G_OBJECT(m_pOut), "mode", ModeShortName(mode).c_str());
     const char* interlace = card && ModeSendsFields(mode) ? "interleaved" : "progressive";
-    GstCaps* caps = gst_caps_new_simple(
-        "video/x-raw", "format", G_TYPE_STRING, "BGRA", "width", G_TYPE_INT, mode.nWidth, "height",
-        G_TYPE_INT, mode.nHeight, "framerate", GST_TYPE_FRACTION, m_rate.num, m_rate.den,
-        "pixel-aspect-ratio", GST_TYPE_FRACTION, parN, parD, "interlace-mode", G_TYPE_STRING,
-        interlace, nullptr);
+    GstCaps* caps = gst_caps_new_simple("video/x-raw", "format", G_TYPE_STRING, "BGRA", "width",
+                                        G_TYPE_INT, mode.nWidth, "height", G_TYPE_INT, mode.nHeight,
+                                        "framerate", GST_TYPE_FRACTION, m_rate.num, m_rate.den,
+                                        "pixel-aspect-ratio", GST_TYPE_FRACTION, parN, parD,
+                                        "interlace-mode", G_TYPE_STRING, interlace, nullptr);
     g_object_set(m_pSource, "caps", caps, "format", GST_FORMAT_TIME, "block", FALSE, "max-bytes",
                  static_cast<guint64>(0), "is-live", FALSE, nullptr);
     gst_caps_unref(caps);

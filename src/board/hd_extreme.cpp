@@ -58,8 +58,7 @@ UstOutputSettings LoadOutputSettings(const std::filesystem::path& file) {
 bool SaveOutputSettings(const std::filesystem::path& file, const UstOutputSettings& settings) {
     return WriteProfileString(file, OUTPUT_SECTION, "Output",
                               FormatOutputChoice(settings.output)) &&
-           WriteProfileString(file, OUTPUT_SECTION, "Queue",
-                              std::to_string(settings.nQueueFrames));
+           WriteProfileString(file, OUTPUT_SECTION, "Queue", std::to_string(settings.nQueueFrames));
 }
 
 IF_HDExtreme::IF_HDExtreme(UstBoardOptions options) : m_Options(std::move(options)) {

@@ -16,11 +16,12 @@ CTestBoard::~CTestBoard() {
 void CTestBoard::Open() {
     if (!AllocateCanvas()) return;
     m_bOpened = 1;
-    m_nObserver = m_Pipeline.AddFrameObserver([this](const uint32_t* frame, const CfgVideo& format, int level) {
-        std::lock_guard lock(m_mutex);
-        m_LastFrame.assign(frame, frame + static_cast<size_t>(format.nWidth) * format.nHeight);
-        if (m_hook) m_hook(frame, format, level);
-    });
+    m_nObserver = m_Pipeline.AddFrameObserver(
+        [this](const uint32_t* frame, const CfgVideo& format, int level) {
+            std::lock_guard lock(m_mutex);
+            m_LastFrame.assign(frame, frame + static_cast<size_t>(format.nWidth) * format.nHeight);
+            if (m_hook) m_hook(frame, format, level);
+        });
     m_Pipeline.OpenWith(m_pCanvas, &m_Record, m_eClock);
 }
 

@@ -19,8 +19,8 @@ namespace orv {
 
 class CTestBoard : public CCanvasBoard {
 public:
-    using FrameHook = std::function<void(const uint32_t* frame, const CfgVideo& format,
-                                         int keyLevel)>;
+    using FrameHook =
+        std::function<void(const uint32_t* frame, const CfgVideo& format, int keyLevel)>;
 
     explicit CTestBoard(const CfgVideo& mode, EPlayoutClock clock = EPlayoutClock::HAND);
     ~CTestBoard() override;

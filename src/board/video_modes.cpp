@@ -124,8 +124,9 @@ QString VideoRowText(const CfgVideo& mode) {
         case 576:
             return "PAL 8-bit RGB";
         case 720:
-            return f >= 50.0f ? QString("HD 720p %1 8-bit RGB").arg(RateText(f, f))
-                              : QString("HD 720p %1 8-bit RGB (Overcranked 60p)").arg(RateText(f, f));
+            return f >= 50.0f
+                       ? QString("HD 720p %1 8-bit RGB").arg(RateText(f, f))
+                       : QString("HD 720p %1 8-bit RGB (Overcranked 60p)").arg(RateText(f, f));
         case 1080:
             if (f >= 25.0f && f < 50.0f && !(mode.nFlags & VIDEO_PROGRESSIVE))
                 return QString("HD 1080i %1 8-bit RGB").arg(RateText(f, 2.0f * f));

@@ -66,10 +66,10 @@ EStartResult CZevrantApp::InitInstance(IAppHost& host, const std::filesystem::pa
 void CZevrantApp::CreateBoard() {
     std::unique_ptr<CGBoard> board =
         m_fnMakeBoard ? m_fnMakeBoard(m_folders) : [&]() -> std::unique_ptr<CGBoard> {
-            UstBoardOptions options = m_BoardOptions;
-            options.iniFile = m_folders.BoardIni();
-            return std::make_unique<IF_HDExtreme>(options);
-        }();
+        UstBoardOptions options = m_BoardOptions;
+        options.iniFile = m_folders.BoardIni();
+        return std::make_unique<IF_HDExtreme>(options);
+    }();
     if (!board || !board->IsOpen()) return;
     m_nBoardType = board->GetBoardType();
     m_board = std::move(board);

@@ -117,7 +117,8 @@ void CMainFrame::SendTestCard(bool on) {
 }
 
 void CMainFrame::ShowProgramMonitor(bool show) {
-    if (show && !m_pMonitor && m_pBoard) m_pMonitor = new CProgramMonitor(m_pBoard->GetPipeline(), this);
+    if (show && !m_pMonitor && m_pBoard)
+        m_pMonitor = new CProgramMonitor(m_pBoard->GetPipeline(), this);
     if (m_pMonitor) m_pMonitor->setVisible(show);
     if (m_pMonitorAction) m_pMonitorAction->setChecked(show && m_pMonitor);
 }

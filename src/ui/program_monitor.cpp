@@ -42,8 +42,8 @@ CProgramMonitor::CProgramMonitor(CDecklinkPipeline* pipeline, QWidget* parent)
             [shared = m_shared](const uint32_t* frame, const CfgVideo& format, int level) {
                 std::unique_lock lock(shared->mutex, std::try_to_lock);
                 if (!lock.owns_lock()) return;
-                shared->frame.assign(
-                    frame, frame + static_cast<size_t>(format.nWidth) * format.nHeight);
+                shared->frame.assign(frame,
+                                     frame + static_cast<size_t>(format.nWidth) * format.nHeight);
                 shared->nWidth = format.nWidth;
                 shared->nHeight = format.nHeight;
                 shared->nLevel = level;
@@ -144,9 +144,9 @@ void CProgramMonitor::ChooseColour() {
 }
 
 void CProgramMonitor::ChoosePicture() {
-    const QString file = QFileDialog::getOpenFileName(
-        this, tr("Monitor Background"), m_strPicture,
-        tr("Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)"));
+    const QString file =
+        QFileDialog::getOpenFileName(this, tr("Monitor Background"), m_strPicture,
+                                     tr("Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)"));
     if (!file.isEmpty()) SetBackground(BACK_PICTURE, {}, file);
 }
 

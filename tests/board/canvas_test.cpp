@@ -15,7 +15,8 @@ using Points = std::set<std::pair<int, int>>;
 
 class CanvasOps : public testing::Test {
 protected:
-    CanvasOps() : m_board(MakeVideoMode(1920, 1080, 400000)), m_pCanvas(m_board.GetChannelCanvas(0)) {}
+    CanvasOps()
+        : m_board(MakeVideoMode(1920, 1080, 400000)), m_pCanvas(m_board.GetChannelCanvas(0)) {}
 
     uint32_t At(int x, int y) const { return m_pCanvas[static_cast<size_t>(y) * 4096 + x]; }
     // Every pixel that is not zero, as (x, y).
@@ -78,9 +79,9 @@ TEST_F(CanvasOps, StraightRunsAreAxialAndIncludeTheirEnd) {
     EXPECT_EQ(At(4095, 9), src[30]);
     EXPECT_EQ(At(1, 9), src[32]);
     const size_t before = Written().size();
-    m_board.CopyLine(5, 9, 5, 8, m_pCanvas, 10, 0, 0, src.data());   // upward: nothing
+    m_board.CopyLine(5, 9, 5, 8, m_pCanvas, 10, 0, 0, src.data());    // upward: nothing
     m_board.CopyLine(9, 20, 8, 20, m_pCanvas, 10, 0, 0, src.data());  // leftward: nothing
-    m_board.FillLine(0, 50, 5, 52, m_pCanvas, 0x7u);                   // slanted: nothing
+    m_board.FillLine(0, 50, 5, 52, m_pCanvas, 0x7u);                  // slanted: nothing
     EXPECT_EQ(Written().size(), before);
     m_board.FillLine(3, 60, 5, 60, m_pCanvas, 0x7u);
     EXPECT_EQ(At(3, 60) + At(4, 60) + At(5, 60), 21u);

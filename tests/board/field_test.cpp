@@ -27,9 +27,10 @@ TEST(ViewCopy, FrameWrapsInBothDirections) {
     const std::vector<uint32_t> canvas = NumberedCanvas();
     std::vector<uint32_t> frame(4 * 3, UNTOUCHED);
     CopyFrame(frame.data(), {canvas.data(), 4094, 4095, 4, 3});
-    const uint32_t expected[] = {Where(4094, 4095), Where(4095, 4095), Where(0, 4095), Where(1, 4095),
-                                 Where(4094, 0),    Where(4095, 0),    Where(0, 0),    Where(1, 0),
-                                 Where(4094, 1),    Where(4095, 1),    Where(0, 1),    Where(1, 1)};
+    const uint32_t expected[] = {Where(4094, 4095), Where(4095, 4095), Where(0, 4095),
+                                 Where(1, 4095),    Where(4094, 0),    Where(4095, 0),
+                                 Where(0, 0),       Where(1, 0),       Where(4094, 1),
+                                 Where(4095, 1),    Where(0, 1),       Where(1, 1)};
     EXPECT_EQ(frame, std::vector<uint32_t>(std::begin(expected), std::end(expected)));
 }
 
@@ -58,9 +59,9 @@ TEST(ViewCopy, FieldParityStartsAgainAfterTheRowWrap) {
     // Six rows from row 4093: counts 0, 1, 2 before the wrap and 0, 1, 2 after.
     std::vector<uint32_t> frame(2 * 6, UNTOUCHED);
     CopyField(frame.data(), {canvas.data(), 7, 4093, 2, 6}, 0);
-    const uint32_t expected[] = {UNTOUCHED,     UNTOUCHED,     Where(7, 4094), Where(8, 4094),
-                                 UNTOUCHED,     UNTOUCHED,     UNTOUCHED,      UNTOUCHED,
-                                 Where(7, 1),   Where(8, 1),   UNTOUCHED,      UNTOUCHED};
+    const uint32_t expected[] = {UNTOUCHED,   UNTOUCHED,   Where(7, 4094), Where(8, 4094),
+                                 UNTOUCHED,   UNTOUCHED,   UNTOUCHED,      UNTOUCHED,
+                                 Where(7, 1), Where(8, 1), UNTOUCHED,      UNTOUCHED};
     EXPECT_EQ(frame, std::vector<uint32_t>(std::begin(expected), std::end(expected)));
     std::fill(frame.begin(), frame.end(), UNTOUCHED);
     CopyField(frame.data(), {canvas.data(), 7, 4093, 2, 6}, 1);

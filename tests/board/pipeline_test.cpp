@@ -183,8 +183,7 @@ TEST(PlayoutThreads, DrawingObservingAndRebuildingTogether) {
     std::atomic<int> seen{0};
     std::thread watcher([&] {
         const auto deadline = std::chrono::steady_clock::now() + 10s;
-        for (int i = 0; i < 20 || (seen == 0 && std::chrono::steady_clock::now() < deadline);
-             ++i) {
+        for (int i = 0; i < 20 || (seen == 0 && std::chrono::steady_clock::now() < deadline); ++i) {
             const int id =
                 pipe->AddFrameObserver([&](const uint32_t*, const CfgVideo&, int) { ++seen; });
             std::this_thread::sleep_for(5ms);

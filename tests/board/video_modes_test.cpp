@@ -11,12 +11,14 @@ CfgVideo Mode(int w, int h, int64_t duration, uint32_t flags = 0) {
 }
 
 TEST(VideoRows, TextsOfTheStandardList) {
-    const char* const expected[] = {
-        "NTSC 8-bit RGB",           "PAL 8-bit RGB",            "HD 720p 50 8-bit RGB",
-        "HD 720p 59.94 8-bit RGB",  "HD 720p 60 8-bit RGB",     "HD 1080i 50 8-bit RGB",
-        "HD 1080i 59.94 8-bit RGB", "HD 1080p 23.98 8-bit RGB", "HD 1080p 24 8-bit RGB",
-        "HD 1080p 25 8-bit RGB",    "HD 1080p 29.97 8-bit RGB", "HD 1080p 30 8-bit RGB",
-        "HD 1080p 50 8-bit RGB",    "HD 1080p 59.94 8-bit RGB", "HD 1080p 60 8-bit RGB"};
+    const char* const expected[] = {"NTSC 8-bit RGB",           "PAL 8-bit RGB",
+                                    "HD 720p 50 8-bit RGB",     "HD 720p 59.94 8-bit RGB",
+                                    "HD 720p 60 8-bit RGB",     "HD 1080i 50 8-bit RGB",
+                                    "HD 1080i 59.94 8-bit RGB", "HD 1080p 23.98 8-bit RGB",
+                                    "HD 1080p 24 8-bit RGB",    "HD 1080p 25 8-bit RGB",
+                                    "HD 1080p 29.97 8-bit RGB", "HD 1080p 30 8-bit RGB",
+                                    "HD 1080p 50 8-bit RGB",    "HD 1080p 59.94 8-bit RGB",
+                                    "HD 1080p 60 8-bit RGB"};
     const std::vector<CfgVideo> modes = StandardVideoModes();
     ASSERT_EQ(modes.size(), std::size(expected));
     for (size_t i = 0; i < modes.size(); ++i)

@@ -112,7 +112,8 @@ TEST_F(AppStart, BoardOpensWithoutACardAndClosesAtExit) {
     EXPECT_DOUBLE_EQ(app.GetPixelAspect().fVert, 1.2f);
     EXPECT_EQ(app.GetThumbSize(), (UstSize{300, 225}));
     const auto log = app.m_arrStartLog;
-    EXPECT_LT(std::find(log.begin(), log.end(), "board"), std::find(log.begin(), log.end(), "frame"));
+    EXPECT_LT(std::find(log.begin(), log.end(), "board"),
+              std::find(log.begin(), log.end(), "frame"));
     const auto ini = app.Folders().BoardIni();
     EXPECT_FALSE(std::filesystem::exists(ini));
     app.ExitInstance();

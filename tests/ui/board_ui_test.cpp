@@ -64,9 +64,9 @@ TEST_F(BoardUi, TestCardGoesOnAndOffAtTheOrigin) {
     frame->m_nPlayState = 0;
     frame->SendTestCard(true);
     const std::vector<uint32_t> view = board.View();
-    EXPECT_EQ(view[0], 0xFFBFBFBFu);             // the first bar
-    EXPECT_EQ(view[719], 0xFF0000BFu);           // the last
-    EXPECT_EQ(view[575 * 720], 0u);              // the ramp starts transparent
+    EXPECT_EQ(view[0], 0xFFBFBFBFu);                // the first bar
+    EXPECT_EQ(view[719], 0xFF0000BFu);              // the last
+    EXPECT_EQ(view[575 * 720], 0u);                 // the ramp starts transparent
     EXPECT_EQ(view[575 * 720 + 719], 0xFFFFFFFFu);  // and ends at full white
     EXPECT_EQ(view[400 * 720 + 359], 0x7F7F7F7Fu);  // 359 x 255 / 719
     frame->SendTestCard(false);
