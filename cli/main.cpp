@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "output_commands.h"
-#include "project/demo_page.h"
+#include "samples/demo_page.h"
 
 namespace {
 

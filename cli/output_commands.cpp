@@ -13,7 +13,7 @@
 #include "board/gst_output.h"
 #include "board/hd_extreme.h"
 #include "board/test_card.h"
-#include "project/demo_page.h"
+#include "samples/demo_page.h"
 
 namespace orv::cli {
 

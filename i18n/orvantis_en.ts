@@ -210,6 +210,78 @@ Program Monitor</translation>
         <translation>To apply changes, the program must be restarted. Terminate program?</translation>
     </message>
     <message>
+        <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
+        <translation>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
+    </message>
+    <message>
+        <source>&amp;Insert</source>
+        <translation>&amp;Insert</translation>
+    </message>
+    <message>
+        <source>Insert a picture file
+Picture...</source>
+        <translation>Insert a picture file
+Picture...</translation>
+    </message>
+    <message>
+        <source>Insert a background picture
+Background...</source>
+        <translation>Insert a background picture
+Background...</translation>
+    </message>
+    <message>
+        <source>Erase the background picture
+Erase Background</source>
+        <translation>Erase the background picture
+Erase Background</translation>
+    </message>
+    <message>
+        <source>Start keying
+Start Keying</source>
+        <translation>Start keying
+Start Keying</translation>
+    </message>
+    <message>
+        <source>Reset key value
+Reset Key</source>
+        <translation>Reset key value
+Reset Key</translation>
+    </message>
+    <message>
+        <source>Alpha value for selected picture
+Picture Alpha...</source>
+        <translation>Alpha value for selected picture
+Picture Alpha...</translation>
+    </message>
+    <message>
+        <source>Group objects
+Group</source>
+        <translation>Group objects
+Group</translation>
+    </message>
+    <message>
+        <source>Ungroup objects
+Ungroup</source>
+        <translation>Ungroup objects
+Ungroup</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Failed loading picture.</source>
+        <translation>Failed loading picture.</translation>
+    </message>
+    <message>
+        <source>Alpha</source>
+        <translation>Alpha</translation>
+    </message>
+    <message>
+        <source>Alpha (0 to 255):</source>
+        <translation>Alpha (0 to 255):</translation>
+    </message>
+    <message>
         <source>Initializing...</source>
         <translation>Initializing...</translation>
     </message>

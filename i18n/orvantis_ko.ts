@@ -147,7 +147,7 @@
     </message>
     <message>
         <source>Alpha</source>
-        <translation>투명도</translation>
+        <translation>알파</translation>
     </message>
 </context>
 <context>
@@ -208,6 +208,78 @@ Program Monitor</source>
     <message>
         <source>To apply changes, the program must be restarted. Terminate program?</source>
         <translation>변경 사항을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?</translation>
+    </message>
+    <message>
+        <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
+        <translation>그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
+    </message>
+    <message>
+        <source>&amp;Insert</source>
+        <translation>삽입(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Insert a picture file
+Picture...</source>
+        <translation>그림 파일 삽입
+그림...</translation>
+    </message>
+    <message>
+        <source>Insert a background picture
+Background...</source>
+        <translation>배경 그림 삽입
+배경...</translation>
+    </message>
+    <message>
+        <source>Erase the background picture
+Erase Background</source>
+        <translation>배경 그림 지우기
+배경 지우기</translation>
+    </message>
+    <message>
+        <source>Start keying
+Start Keying</source>
+        <translation>키잉 시작
+키잉 시작</translation>
+    </message>
+    <message>
+        <source>Reset key value
+Reset Key</source>
+        <translation>키 값 초기화
+키 초기화</translation>
+    </message>
+    <message>
+        <source>Alpha value for selected picture
+Picture Alpha...</source>
+        <translation>선택한 그림의 알파 값
+그림 알파...</translation>
+    </message>
+    <message>
+        <source>Group objects
+Group</source>
+        <translation>개체 그룹화
+그룹</translation>
+    </message>
+    <message>
+        <source>Ungroup objects
+Ungroup</source>
+        <translation>개체 그룹 해제
+그룹 해제</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
+    </message>
+    <message>
+        <source>Failed loading picture.</source>
+        <translation>그림을 불러오지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>Alpha</source>
+        <translation>알파</translation>
+    </message>
+    <message>
+        <source>Alpha (0 to 255):</source>
+        <translation>알파 (0~255):</translation>
     </message>
     <message>
         <source>Initializing...</source>

@@ -186,6 +186,25 @@ KO = {
     "Monitor Background": "모니터 배경",
     "Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)":
         "그림 (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)",
+    "&Insert": "삽입(&I)",
+    "Insert a picture file\nPicture...": "그림 파일 삽입\n그림...",
+    "Insert a background picture\nBackground...": "배경 그림 삽입\n배경...",
+    "Erase the background picture\nErase Background": "배경 그림 지우기\n배경 지우기",
+    "Start keying\nStart Keying": "키잉 시작\n키잉 시작",
+    "Reset key value\nReset Key": "키 값 초기화\n키 초기화",
+    "Alpha value for selected picture\nPicture Alpha...": "선택한 그림의 알파 값\n그림 알파...",
+    "Group objects\nGroup": "개체 그룹화\n그룹",
+    "Ungroup objects\nUngroup": "개체 그룹 해제\n그룹 해제",
+    "Open": "열기",
+    "Failed loading picture.": "그림을 불러오지 못했습니다.",
+    "Alpha": "알파",
+    "Alpha (0 to 255):": "알파 (0~255):",
+    "Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;"
+    "BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;"
+    "TIFF (*.tif *.tiff);;GIF (*.gif)":
+        "그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;"
+        "BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;"
+        "TIFF (*.tif *.tiff);;GIF (*.gif)",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)

@@ -2,6 +2,8 @@
 // What an object needs to know of the page it stands on. The page implements
 // this, so that objects never reach above their own library.
 
+#include <QString>
+
 #include <cstdint>
 
 #include "render/geometry.h"
@@ -21,6 +23,9 @@ public:
     // Scrolls a long page so that the rectangle (page pixels at the zoom)
     // can be seen.
     virtual void ScrollToShow(const UstRect&) {}
+    // The folder that holds the media the page's objects name: pictures,
+    // backgrounds, animations. Empty when there is none.
+    virtual QString ObjectFolder() const { return {}; }
 };
 
 }  // namespace orv

@@ -225,7 +225,7 @@ uint32_t CQRDObject::GetStateSize() const {
     return static_cast<uint32_t>(w.Size());
 }
 
-void CQRDObject::SaveState(CByteWriter& out) const {
+void CQRDObject::SaveStateHead(CByteWriter& out) const {
     out.Put<int32_t>(GetType());
     SaveStateHeader(out);
     out.Put(m_nWord1);
@@ -233,10 +233,9 @@ void CQRDObject::SaveState(CByteWriter& out) const {
     out.Put(m_bLocked);
     out.Put(m_nAngle);
     SaveStateGeometry(out);
-    SaveStateBody(out);
 }
 
-bool CQRDObject::LoadState(CByteReader& in, int flag) {
+bool CQRDObject::LoadStateHead(CByteReader& in) {
     if (in.Get<int32_t>() != GetType()) return false;
     if (!LoadStateHeader(in)) return false;
     m_nWord1 = in.Get<int32_t>();
@@ -244,6 +243,16 @@ bool CQRDObject::LoadState(CByteReader& in, int flag) {
     m_bLocked = in.Get<int32_t>();
     m_nAngle = in.Get<int32_t>();
     LoadStateGeometry(in);
+    return true;
+}
+
+void CQRDObject::SaveState(CByteWriter& out) const {
+    SaveStateHead(out);
+    SaveStateBody(out);
+}
+
+bool CQRDObject::LoadState(CByteReader& in, int flag) {
+    if (!LoadStateHead(in)) return false;
     if (!LoadStateBody(in, flag)) return false;
     UpdateView();
     RecalcHandles();

@@ -136,6 +136,10 @@ public:
     std::array<UstRect, HANDLE_COUNT> m_rcHandle{};
 
 protected:
+    // Kind, class header, words, angle and rectangles: what every packed
+    // state opens with.
+    void SaveStateHead(CByteWriter& out) const;
+    bool LoadStateHead(CByteReader& in);
     virtual void SaveStateHeader(CByteWriter&) const {}
     virtual bool LoadStateHeader(CByteReader&) { return true; }
     virtual void SaveStateGeometry(CByteWriter& out) const;

@@ -9,32 +9,11 @@
 
 namespace orv {
 
-namespace {
-
-// Standard-definition frames have non-square pixels: a 486-line target is
-// drawn at full height and only squeezed sideways, so that no line of the
-// picture is resampled.
-constexpr int SD_HEIGHT = 486;
-
-void ScaleAcross(ObjectImage& image, float xScale) {
-    if (xScale == 1.0f || image.width <= 0 || image.height <= 0) return;
-    ObjectImage scaled;
-    scaled.Allocate(std::max(1, RoundToInt(static_cast<float>(image.width) * xScale)),
-                    image.height);
-    ScalePixelRect(scaled.pBlock.get(), {0, 0, scaled.width, scaled.height}, image.pBlock.get(),
-                   {0, 0, image.width, image.height}, INTERPOLATION_HIGH_QUALITY);
-    scaled.x = RoundToInt(static_cast<float>(image.x) * xScale);
-    scaled.y = image.y;
-    image = std::move(scaled);
-}
-
-}  // namespace
-
 // The box's corner stands at (0, 0), so that moving the shape keeps its image.
 void CQRDObjectShape::Render(ObjectImage& out, int boxWidth, int boxHeight, float scale,
                              int targetHeight) const {
     const QPointF cp = ControlPoint();
-    if (targetHeight != SD_HEIGHT) {
+    if (targetHeight != SD_TARGET_HEIGHT) {
         const auto cx = static_cast<float>(cp.x()) * scale, cy = static_cast<float>(cp.y()) * scale;
         RenderShapeImage(out, m_nKind, 0, 0, boxWidth, boxHeight, m_effect, m_attr, cx, cy,
                          m_nAngle, scale, scale, nullptr);
@@ -43,7 +22,7 @@ void CQRDObjectShape::Render(ObjectImage& out, int boxWidth, int boxHeight, floa
     RenderShapeImage(out, m_nKind, 0, 0, m_rcStored.Width(), m_rcStored.Height(), m_effect, m_attr,
                      static_cast<float>(cp.x()), static_cast<float>(cp.y()), m_nAngle, 1.0f, 1.0f,
                      nullptr);
-    ScaleAcross(out, scale);
+    SqueezeAcross(out, scale);
 }
 
 bool CQRDObjectShape::ImageFits(int targetHeight) const {

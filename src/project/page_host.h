@@ -11,6 +11,7 @@
 
 namespace orv {
 
+class CFileLinkTable;
 class CPageManager;
 class CQRDObject;
 
@@ -53,6 +54,10 @@ public:
     virtual void RefreshTextList() = 0;
     // An object the ribbon shows is gone: forget it and refresh the controls.
     virtual void ObjectRemoved(CQRDObject* object) = 0;
+    // The project's folder of media copies; empty when there is none.
+    virtual QString ObjectFolder() const { return {}; }
+    // What this run of the program copied where.
+    virtual CFileLinkTable* FileLinks() { return nullptr; }
 };
 
 }  // namespace orv

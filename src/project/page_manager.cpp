@@ -1,5 +1,7 @@
 #include "project/page_manager.h"
 
+#include "objects/group_object.h"
+#include "objects/picture_object.h"
 #include "objects/shape_object.h"
 
 #include <algorithm>
@@ -147,6 +149,25 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
             return SplitText(id == CMD_SPLIT_CHARS);
         case CMD_EDIT_SHAPE:
             return EditShapeCommand();
+        case CMD_INSERT_PICTURE:
+        case CMD_INSERT_PICTURE_FILE:
+            return arg && InsertPicture(*static_cast<const QString*>(arg)) ? 1 : 0;
+        case CMD_INSERT_BACKGROUND:
+        case CMD_INSERT_BACKGROUND_FILE:
+            return arg ? InsertBackground(*static_cast<const QString*>(arg)) : 0;
+        case CMD_ERASE_BACKGROUND:
+            return EraseBackground();
+        case CMD_START_KEYING:
+            return StartKeying();
+        case CMD_PICTURE_ALPHA:
+        case CMD_KEY_COLOUR:
+            return PictureCommand(arg, id);
+        case CMD_RESET_KEY:
+            return ResetKey();
+        case CMD_GROUP:
+            return GroupSelection() ? 1 : 0;
+        case CMD_UNGROUP:
+            return UngroupSelection();
         default:
             return IsEffectCommand(id) ? LookCommand(arg, id) : 0;
     }
@@ -365,13 +386,13 @@ int CPageManager::SetEffectValue(const void* value, uint32_t id) {
 }
 
 void CPageManager::Activate(bool keepBackground) {
-    (void)keepBackground;  // background pictures arrive with their command
     if (m_pView) {
         m_pView->SetPageType(m_nPageType, true);
         CopyViewFrame();
     }
     if (IsScrollPage()) ApplyScrollOrigin();
     m_selection.clear();
+    if (!keepBackground) ReloadBackground();
     for (auto& o : m_objects) {
         o->OnZoom();
         o->AfterLoad();
@@ -393,7 +414,7 @@ void CPageManager::Deactivate() {
     for (auto& o : m_objects)
         o->EndEdit();
     m_selection.clear();
-    m_background.pBits.clear();
+    m_background.ReleasePixels();
     for (auto& o : m_objects)
         o->ReleaseCache();
     m_bActive = 0;

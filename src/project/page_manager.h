@@ -10,6 +10,7 @@
 
 #include "objects/qrd_object.h"
 #include "objects/text_object.h"
+#include "project/page_background.h"
 #include "project/page_host.h"
 #include "project/page_records.h"
 
@@ -27,6 +28,11 @@ enum EPageCommand : uint32_t {
     CMD_TO_RIGHT = 508,
     CMD_TO_TOP = 509,
     CMD_TO_BOTTOM = 510,
+    CMD_INSERT_BACKGROUND = 240,
+    CMD_ERASE_BACKGROUND = 241,
+    CMD_INSERT_PICTURE = 243,
+    CMD_INSERT_BACKGROUND_FILE = 40050,
+    CMD_INSERT_PICTURE_FILE = 40051,
     CMD_PAGE_TYPE = 736,
     CMD_DELETE = 805,
     CMD_TO_FRONT = 1500,
@@ -50,22 +56,8 @@ enum EHitResult : int {
     HIT_OTHER = 15
 };
 
-// A page's background picture. Name and flag persist; the pixels exist only
-// while the page is on the canvas.
-struct CPageBackground {
-    CPageManager* pPage = nullptr;
-    int nWidth = 0, nHeight = 0;
-    std::vector<uint32_t> pBits;
-    QString strFile;
-    int32_t bPresent = 0;
-    void Clear() {
-        pBits.clear();
-        nWidth = nHeight = 0;
-        strFile.clear();
-        bPresent = 0;
-    }
-};
-
+class CQRDObjectGroup;
+class CQRDObjectPicture;
 class CQRDObjectShape;
 
 class CPageManager : public CPageContext {
@@ -83,6 +75,7 @@ public:
     uint32_t* GetCanvasBits() override { return m_pCanvas; }
     void ObjectRemovedItself() override { SetModified(true); }
     void ScrollToShow(const UstRect& r) override;
+    QString ObjectFolder() const override;
 
     void Attach(CPageDoc* doc, CPageView* view);
     int ExecCommand(const void* arg, uint32_t id, CQRDObject* target = nullptr);
@@ -97,9 +90,12 @@ public:
     void DrawHandles();
     void Repaint();
     void UpdateThumbnail();
-    // The page at full scale into a cleared straight block of w x h, as it
-    // would go to air; what each object draws for play.
+    // The page at full scale into a cleared block of w x h, as it would go
+    // to air: the background, then what each object draws for play.
     void DrawToImage(uint32_t* bits, int w, int h);
+    // A frame for play: the background into the fill (and the key, when
+    // given), then the objects. The caller has cleared both.
+    void DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h);
     void RebuildPageText(bool measure);
     void SetModified(bool modified);
     void PushUndo(int kind);
@@ -120,6 +116,17 @@ public:
     void SetScrollX(int pos);
     bool IsScrollPage() const { return m_nPageType == 1 || m_nPageType == 2; }
     int GetStripCount(int* outPad, int w, int h) const;
+
+    // Pictures and backgrounds, as their commands do them: a picture from a
+    // file, selected alone, or null when the file cannot be used.
+    CQRDObjectPicture* InsertPicture(const QString& source);
+    int InsertBackground(const QString& source);
+    int EraseBackground();
+    // The selected picture waiting for a click that picks its key colour.
+    CQRDObjectPicture* PickingPicture() const;
+    // Binding the selection into one group, and dissolving the selected group.
+    CQRDObjectGroup* GroupSelection();
+    int UngroupSelection();
 
     // Adding and selecting, for the commands that create objects and the
     // canvas's gestures.
@@ -196,6 +203,15 @@ private:
     int SymbolCommand(const void* arg);
     int SplitText(bool intoChars);
     int EditShapeCommand();
+    int StartKeying();
+    int PictureCommand(const void* arg, uint32_t id);
+    int ResetKey();
+    void DrawBackgroundStep(const UstEnv& env);
+    void ReloadBackground();
+    // The selection with every group opened down to its members.
+    std::vector<CQRDObject*> SelectedLeaves() const;
+    // Groups in the selection take their members' new bounds.
+    void RefreshSelectedGroups();
     void EndStrayShapeEdits();
     void RedrawAll(const UstRect& before);
     std::vector<CQRDObject*> SelectedInListOrder() const;

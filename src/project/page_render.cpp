@@ -18,8 +18,7 @@ void CPageManager::RenderCanvasExcept(const CQRDObject* except) {
     if (!m_pCanvas || m_nWidth <= 0 || m_nHeight <= 0) return;
     const UstEnv fallback = MakeDefaultEnv(9);
     const UstEnv& env = m_pView ? m_pView->Env() : fallback;
-    DrawCanvasBackdrop(m_pCanvas, m_nWidth, m_nHeight, env,
-                       m_pView ? m_pView->BackdropImage() : nullptr);
+    DrawBackgroundStep(env);
     for (auto& o : m_objects) {
         if (o.get() == except) continue;
         o->Draw();
@@ -52,6 +51,8 @@ void CPageManager::UpdateThumbnail() {
     const int w = m_pDoc ? m_pDoc->FrameWidth() : 1920;
     const int h = m_pDoc ? m_pDoc->FrameHeight() : 1080;
     std::vector<uint32_t> scratch(static_cast<size_t>(w) * h, 0);
+    if (const uint32_t* surface = m_background.bPresent ? m_background.Surface(w, h) : nullptr)
+        std::copy(surface, surface + scratch.size(), scratch.begin());
     for (auto& o : m_objects)
         o->DrawTo(scratch.data(), w, h);
     m_pThumbBits.assign(static_cast<size_t>(m_nThumbWidth) * m_nThumbHeight, 0);
@@ -63,8 +64,7 @@ void CPageManager::UpdateThumbnail() {
 void CPageManager::DrawToImage(uint32_t* bits, int w, int h) {
     if (!bits || w <= 0 || h <= 0) return;
     ClearPixels(bits, w, h);
-    for (auto& o : m_objects)
-        o->DrawTo(bits, w, h);
+    DrawForPlay(bits, nullptr, w, h);
 }
 
 void CPageManager::RebuildPageText(bool measure) {

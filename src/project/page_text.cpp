@@ -88,9 +88,10 @@ int CPageManager::TextCommand(const void* arg, uint32_t id) {
     if (!arg) return 0;
     const UstRect before = SelectionWindowRect();
     bool changed = false;
-    for (CQRDObject* o : m_selection)
+    for (CQRDObject* o : SelectedLeaves())
         if (o->GetType() == OBJ_TEXT || o->GetType() == OBJ_TIMER) changed |= o->Execute(arg, id);
     if (!changed) return 0;
+    RefreshSelectedGroups();
     RedrawAll(before);
     return Tail();
 }
@@ -98,8 +99,9 @@ int CPageManager::TextCommand(const void* arg, uint32_t id) {
 int CPageManager::LookCommand(const void* arg, uint32_t id) {
     if (!arg || m_selection.empty()) return 0;
     const UstRect before = SelectionWindowRect();
-    for (CQRDObject* o : m_selection)
+    for (CQRDObject* o : SelectedLeaves())
         o->Execute(arg, id);
+    RefreshSelectedGroups();
     // Colouring characters of the text under edit redraws only them.
     if (m_selection.size() == 1 && m_selection.front() == EditedText())
         RedrawEditing(before);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "project/object_folder.h"
 #include "project/page_manager.h"
 
 namespace orv {
@@ -36,6 +37,14 @@ public:
     void RefreshPreviewList() override {}
     void RefreshTextList() override {}
     void ObjectRemoved(CQRDObject* object) override;
+    QString ObjectFolder() const override { return m_strObjectFolder; }
+    CFileLinkTable* FileLinks() override { return m_pFileLinks ? m_pFileLinks : &m_ownLinks; }
+
+    // Where this project keeps its media copies, and the table of copies
+    // shared by every project of the program; without one the project
+    // keeps its own.
+    void SetObjectFolder(const QString& folder) { m_strObjectFolder = folder; }
+    void SetFileLinks(CFileLinkTable* links) { m_pFileLinks = links; }
 
     int32_t m_bModified = 0;
     CPageManager* m_pCurPage = nullptr;
@@ -50,6 +59,9 @@ public:
 
 private:
     std::vector<std::unique_ptr<CPageManager>> m_aPages;
+    QString m_strObjectFolder;
+    CFileLinkTable* m_pFileLinks = nullptr;
+    CFileLinkTable m_ownLinks;
 };
 
 }  // namespace orv

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "render/pixels.h"
 #include "render/render_graphics.h"
@@ -41,7 +42,31 @@ QImage WrapBlock(const uint32_t* block, int width, int height) {
 
 QImage ObjectImage::Wrap() const {
     if (!pBlock || width <= 0 || height <= 0) return {};
+    if (bStraight)
+        return QImage(reinterpret_cast<const uchar*>(pBlock.get()), width, height, width * 4,
+                      QImage::Format_ARGB32);
     return WrapBlock(pBlock.get(), width, height);
+}
+
+void SqueezeAcross(ObjectImage& image, float xScale) {
+    if (image.width <= 0 || image.height <= 0) return;
+    if (image.bStraight) {
+        // The scaler reads premultiplied blocks.
+        const QImage pre = image.Wrap().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        for (int y = 0; y < image.height; ++y)
+            std::memcpy(image.pBlock.get() + static_cast<size_t>(y) * image.width,
+                        pre.constScanLine(y), static_cast<size_t>(image.width) * 4);
+        image.bStraight = false;
+    }
+    if (xScale == 1.0f) return;
+    ObjectImage scaled;
+    scaled.Allocate(std::max(1, RoundToInt(static_cast<float>(image.width) * xScale)),
+                    image.height);
+    ScalePixelRect(scaled.pBlock.get(), {0, 0, scaled.width, scaled.height}, image.pBlock.get(),
+                   {0, 0, image.width, image.height}, INTERPOLATION_HIGH_QUALITY);
+    scaled.x = RoundToInt(static_cast<float>(image.x) * xScale);
+    scaled.y = image.y;
+    image = std::move(scaled);
 }
 
 void ObjectImage::DrawOn(QImage& canvas, QPoint offset) const {
@@ -59,7 +84,7 @@ void ObjectImage::Turn(int cx, int cy, int degrees) {
 }
 
 void RotateImage(std::unique_ptr<uint32_t[]> block, int width, int height, int cx, int cy,
-                 int degrees, ObjectImage& out) {
+                 int degrees, ObjectImage& out, bool straightSource) {
     const QPointF centre(cx, cy);
     int left = 0, top = 0, right = 0, bottom = 0;
     const QPointF corners[] = {
@@ -75,7 +100,9 @@ void RotateImage(std::unique_ptr<uint32_t[]> block, int width, int height, int c
     out.x = left, out.y = top;
     QImage target = out.Wrap();
     if (!block || width <= 0 || height <= 0 || target.isNull()) return;
-    const QImage source = WrapBlock(block.get(), width, height);
+    const QImage source(
+        reinterpret_cast<const uchar*>(block.get()), width, height, width * 4,
+        straightSource ? QImage::Format_ARGB32 : QImage::Format_ARGB32_Premultiplied);
     const auto graphics = CreateRenderGraphics(target, true);
     graphics->translate(centre);
     graphics->rotate(degrees);

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include "objects/picture_object.h"
 #include "objects/shape_object.h"
 #include "objects/text_object.h"
 #include "project/project_manager.h"
@@ -42,18 +43,57 @@ Qt::CursorShape HandleCursor(int handle) {
     }
 }
 
-QCursor RotateCursor() {
+namespace {
+
+// A cursor drawn twice, wide in white and then narrow in black, so that it
+// shows over any page.
+template <typename Draw>
+QCursor OutlinedCursor(Draw draw, int hotX, int hotY) {
     QPixmap pm(24, 24);
     pm.fill(Qt::transparent);
     QPainter p(&pm);
     p.setRenderHint(QPainter::Antialiasing);
     for (const auto& [colour, width] : {std::pair{QColor(Qt::white), 4}, {QColor(Qt::black), 2}}) {
         p.setPen(QPen(colour, width));
-        p.drawArc(QRect(5, 5, 14, 14), 30 * 16, 300 * 16);
-        p.drawLine(18, 4, 18, 10);
-        p.drawLine(18, 10, 12, 10);
+        draw(p);
     }
-    return QCursor(pm, 12, 12);
+    return QCursor(pm, hotX, hotY);
+}
+
+}  // namespace
+
+QCursor RotateCursor() {
+    return OutlinedCursor(
+        [](QPainter& p) {
+            p.drawArc(QRect(5, 5, 14, 14), 30 * 16, 300 * 16);
+            p.drawLine(18, 4, 18, 10);
+            p.drawLine(18, 10, 12, 10);
+        },
+        12, 12);
+}
+
+// A dropper: picking a key colour reads the pixel under its tip.
+QCursor PickColourCursor() {
+    return OutlinedCursor(
+        [](QPainter& p) {
+            p.drawLine(2, 21, 13, 10);
+            p.drawEllipse(QRect(12, 3, 9, 9));
+        },
+        2, 21);
+}
+
+void CZevrantView::PickKeyColour(const QPoint& canvas) {
+    CPageManager* page = Page();
+    if (m_pSurface.empty() || canvas.x() < 0 || canvas.y() < 0 || canvas.x() >= m_nFitWidth ||
+        canvas.y() >= m_nFitHeight)
+        return;
+    // What the canvas shows there, overlays included; it is opaque.
+    const uint32_t seen =
+        m_pSurface[static_cast<size_t>(canvas.y()) * m_nFitWidth + canvas.x()] & 0x00FFFFFFu;
+    const uint32_t key = 0xFF000000u | seen;
+    page->ExecCommand(&key, CMD_KEY_COLOUR);
+    UpdateCursor(canvas + m_rcPage.topLeft());
+    update();
 }
 
 QPoint CZevrantView::ToCanvas(const QPoint& window) const {
@@ -66,6 +106,10 @@ void CZevrantView::mousePressEvent(QMouseEvent* event) {
     if (!page || !m_pFrame || m_pFrame->m_nPlayState != 0 || !m_rcPage.contains(window)) return;
     setFocus();
     const QPoint canvas = ToCanvas(window);
+    if (event->button() == Qt::LeftButton && page->PickingPicture()) {
+        PickKeyColour(canvas);
+        return;
+    }
     if (EditingMousePress(event, canvas)) return;
     if (event->button() == Qt::LeftButton && m_pFrame->m_nCanvasMode == MODE_TEXT) {
         StartNewText(canvas);
@@ -102,7 +146,7 @@ void CZevrantView::BeginDrag(const QPoint& canvas) {
     m_drag.before = before;
     if (result == HIT_ADJUST) {
         m_drag.kind = EDrag::ADJUST;
-    } else if (result >= HIT_SIZE_FIRST && result <= HIT_SIZE_LAST) {
+    } else if (result >= HIT_SIZE_FIRST && result <= HIT_SIZE_LAST && hit->GetType() != OBJ_GROUP) {
         if (hit->m_bLocked) return;
         m_drag.kind = EDrag::SIZE;
         m_drag.handle = result;
@@ -118,7 +162,8 @@ void CZevrantView::BeginDrag(const QPoint& canvas) {
             page->RenderCanvas();
             update();
         }
-    } else if (result >= HIT_SELECTED) {
+    } else if (result >= HIT_SELECTED || (result <= HIT_SIZE_LAST && hit)) {
+        // A group has no size of its own: its squares move it.
         m_drag.kind = EDrag::MOVE;
         for (const CQRDObject* o : page->Selection())
             m_drag.rects.push_back(o->m_rcView);
@@ -164,9 +209,9 @@ void CZevrantView::DragTo(const QPoint& canvas) {
         const auto& sel = page->Selection();
         for (size_t i = 0; i < sel.size() && i < m_drag.rects.size(); ++i) {
             if (sel[i]->m_bLocked) continue;
-            sel[i]->m_rcView = Moved(m_drag.rects[i], d);
-            sel[i]->UpdateStored(true);
-            sel[i]->RecalcHandles();
+            // Through the object, so that a group takes its members along.
+            const UstRect to = Moved(m_drag.rects[i], d);
+            sel[i]->Execute(&to, CMD_SET_RECT);
         }
     } else {
         update();
@@ -249,6 +294,7 @@ void CZevrantView::UpdateCursor(const QPoint& window) {
         setCursor(Qt::ArrowCursor);
         return;
     }
+    if (page->PickingPicture()) return setCursor(PickColourCursor());
     const int mode = m_pFrame ? m_pFrame->m_nCanvasMode : MODE_SELECT;
     if (mode == MODE_ROTATE) return setCursor(RotateCursor());
     if (mode == MODE_TEXT) return setCursor(Qt::IBeamCursor);

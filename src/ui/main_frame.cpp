@@ -134,6 +134,7 @@ void CMainFrame::CreateCommandBars() {
     CreateTextMenu();
     CreateShapeMenu();
     CreateBoardMenu();
+    CreateInsertMenu();
     QToolBar* bar = addToolBar(tr("Standard"));
     bar->setObjectName("StandardBar");
     bar->addAction(options);
@@ -330,6 +331,8 @@ CZevrantView* CMainFrame::ActiveView() const {
 }
 
 CZevrantView* CMainFrame::AddProjectWindow(CZevrantDoc* doc) {
+    doc->Project().SetFileLinks(&m_fileLinks);
+    doc->UseSessionFolder(QString::fromStdString(m_folders.settingsFolder.string()));
     auto* view = new CZevrantView(this, doc);
     auto* child = new CChildFrame(view, doc->Title());
     m_pMdi->addSubWindow(child);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "project/folders.h"
+#include "project/object_folder.h"
 #include "project/settings_records.h"
 #include "shell/key_routing.h"
 
@@ -74,6 +75,8 @@ public:
     static QString LayoutName(const char* base, uint16_t language);
     // The shape kinds as the menu names them.
     static QStringList ShapeKindTitles();
+    // The file dialog's filter of the picture kinds that can be read.
+    static QString PictureFileFilter();
 
     int m_nPlayState = 0;
     float m_fZoom = 100.0f;
@@ -98,6 +101,9 @@ private:
     void AttachBoard();
     void DetachBoard();
     void ShowModeName();
+    void CreateInsertMenu();
+    void InsertPictureFile(uint32_t command);
+    void ChoosePictureAlpha();
     void StartShape(int kind);
     void ApplyPaint(int slot, const UstFill& fill);
     void ChooseSolidPaint(int slot);
@@ -126,6 +132,7 @@ private:
     std::map<int, QDockWidget*> m_panes;
     QImage m_backImage;
     QString m_strBackImagePath;
+    CFileLinkTable m_fileLinks;  // what this run copied into which project
 };
 
 }  // namespace orv

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -24,6 +25,10 @@ public:
     // file's name when something was saved, else an empty string.
     QString AutoSave();
 
+    // Until the project has a folder of its own, its media copies go into a
+    // folder of this session under the given one, removed with the project.
+    void UseSessionFolder(const QString& parent);
+
     QString m_strWorkspace;
     QString m_strProjectPath;
     QString m_strBackupPath;
@@ -31,6 +36,7 @@ public:
 private:
     QString m_strTitle;
     std::unique_ptr<CProjectManager> m_pProject;
+    std::unique_ptr<QTemporaryDir> m_pSessionFolder;
 };
 
 }  // namespace orv

@@ -118,6 +118,7 @@ private:
     void EndShapeDrag(const UstDrag& drag);
     void DragControlPoint(const QPoint& canvas);
     void RightButton(const QPoint& canvas);
+    void PickKeyColour(const QPoint& canvas);
     void UpdateCursor(const QPoint& window);
     bool NavigationKey(int key);
     bool EditingMousePress(QMouseEvent* event, const QPoint& canvas);
@@ -143,5 +144,6 @@ private:
 // The cursor shown over a handle, 0 to 7 sizing, 8 rotating.
 Qt::CursorShape HandleCursor(int handle);
 QCursor RotateCursor();
+QCursor PickColourCursor();
 
 }  // namespace orv

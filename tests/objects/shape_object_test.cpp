@@ -74,6 +74,13 @@ TEST_F(ShapeOnCanvas, ResizingCarriesTheControlPoint) {
     EXPECT_TRUE(s.Execute(&right, CMD_NUDGE_RIGHT));
     EXPECT_EQ(s.m_fCtrlX, -5.0f);
     EXPECT_EQ(s.m_rcStored, (UstRect{17, 10, 22, 60}));
+    // A change of height alone carries the point too: a left arrow's neck
+    // stays at a quarter of the height.
+    CQRDObjectShape& arrow = Make(12, {0, 0, 100, 40});
+    EXPECT_EQ(arrow.ControlPoint(), QPointF(50, 10));
+    arrow.m_rcView = {0, 0, 100, 80};
+    arrow.UpdateStored(false);
+    EXPECT_EQ(arrow.ControlPoint(), QPointF(50, 20));
 }
 
 TEST_F(ShapeOnCanvas, TheHandleIsHitOnlyWhileEditingAndDragsWithinTheBox) {
@@ -81,6 +88,8 @@ TEST_F(ShapeOnCanvas, TheHandleIsHitOnlyWhileEditingAndDragsWithinTheBox) {
     EXPECT_FALSE(s.HitTestAdjust(70, 30));
     s.SetEditing(true);
     EXPECT_TRUE(s.HitTestAdjust(74, 26));
+    EXPECT_TRUE(s.HitTestAdjust(75, 25));  // five each way still hits
+    EXPECT_TRUE(s.HitTestAdjust(65, 35));
     EXPECT_FALSE(s.HitTestAdjust(76, 30));
     s.DragControlTo(300, -40);
     EXPECT_EQ(s.ControlPoint(), QPointF(100, 0));
@@ -128,6 +137,38 @@ TEST_F(ShapeOnCanvas, ArchiveFormByteByByte) {
     EXPECT_EQ(back.ControlPoint(), QPointF(50, 40));
     EXPECT_EQ(back.m_effect.nEdge, 4);
     EXPECT_EQ(back.m_attr.fill[0].clrSolid, RED);
+}
+
+// Old files carry a rectangle after the shape's own fields; the record after
+// such a shape must still be read from its own first byte.
+TEST_F(ShapeOnCanvas, AnOldRectangleIsReadAndTheNextRecordFollows) {
+    auto record = [](CByteWriter& out, int32_t hasOldRect, uint32_t kind, UstRect box) {
+        out.Put(1.3f);
+        out.Put(0.0f);
+        out.Put(hasOldRect);
+        out.Put(kind);
+        for (int32_t word : {0, 0, 0, 0, 0})  // two words, locked, rotation, edit
+            out.Put(word);
+        out.Put(box);
+        out.Put(12.0f);
+        out.Put(3.0f);
+        out.Put(UstEffect{});
+        out.Put(RedFace());
+    };
+    CByteWriter out;
+    record(out, 1, 1, {10, 20, 90, 60});
+    out.Put(UstRect{1, 2, 3, 4});
+    record(out, 0, 2, {5, 6, 45, 26});
+    CByteReader in(out.Bytes());
+    CQRDObjectShape first, second;
+    ASSERT_TRUE(first.Deserialize(in));
+    EXPECT_EQ(first.m_rcOld, (UstRect{1, 2, 3, 4}));
+    ASSERT_TRUE(second.Deserialize(in));
+    EXPECT_EQ(second.m_nKind, 2);
+    EXPECT_EQ(second.m_rcStored, (UstRect{5, 6, 45, 26}));
+    EXPECT_EQ(second.ControlPoint(), QPointF(12, 3));
+    EXPECT_EQ(second.m_attr.fill[UstAttr::BODY].clrSolid, RED);
+    EXPECT_EQ(in.Remaining(), 0u);
 }
 
 TEST_F(ShapeOnCanvas, StateRoundTripKeepsTheLook) {

@@ -80,6 +80,15 @@ TEST_F(TextEdit, SymbolCodesFixTheirFonts) {
     // of the same style stands in.
     EXPECT_NE(FixedToQString(&h.font.szFace), QStringLiteral("궁서"));
     EXPECT_FALSE(FixedToQString(&h.font.szFace).isEmpty());
+    // The ends of the Hangul ranges, and the codes between and beside them.
+    for (uint32_t code : {2706u, 2708u, 2710u}) {
+        text->InsertSymbol(0xAC00, code);
+        EXPECT_EQ(+text->Chars().back().font.nCharSet, 129) << code;
+    }
+    for (uint32_t code : {2701u, 2707u, 2715u}) {
+        text->InsertSymbol(0x41, code);
+        EXPECT_EQ(FixedToQString(&text->Chars().back().font.szFace), "DejaVu Sans") << code;
+    }
 }
 
 TEST_F(TextEdit, EndingTheEditTrimsLineEndsAndBlankTextsAreFound) {
@@ -116,6 +125,13 @@ TEST_F(TextEdit, BackspaceAndDelete) {
     text->Backspace();  // with a selection: the selection goes
     EXPECT_EQ(Plain(), "d");
     EXPECT_EQ(text->m_nCaret, 0);
+    Type("abc");  // "abcd", the caret after "c"
+    text->MoveCaret(CARET_LEFT, false);
+    text->Backspace();  // inside the word: "b" goes and the caret follows it back
+    EXPECT_EQ(Plain(), "acd");
+    EXPECT_EQ(text->m_nCaret, 1);
+    Type("X");
+    EXPECT_EQ(Plain(), "aXcd");
 }
 
 TEST_F(TextEdit, CaretWalksLinesHomeAndEnd) {

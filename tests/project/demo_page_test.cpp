@@ -8,8 +8,8 @@
 
 #include <algorithm>
 
-#include "project/demo_page.h"
 #include "render/shape_path.h"
+#include "samples/demo_page.h"
 
 namespace orv {
 namespace {
@@ -110,6 +110,34 @@ TEST_F(DemoPage, AFileThatCannotBeWrittenIsReported) {
     EXPECT_FALSE(SavePngFile(*s_image, dir.path(), &error));  // a folder, not a file
     EXPECT_TRUE(error.contains(dir.path())) << error.toStdString();
     EXPECT_FALSE(SavePngFile(*s_image, missing, nullptr));
+}
+
+TEST_F(DemoPage, TheEmblemBringsItsOwnAlphaAndTheGreenScreenIsKeyedOut) {
+    const UstRect emblem = DemoEmblemBox();
+    const int cx = (emblem.left + emblem.right) / 2, cy = (emblem.top + emblem.bottom) / 2;
+    EXPECT_EQ(Alpha(cx, cy), 255);
+    // Between the solid middle and the transparent rim, the picture's own
+    // alpha falls off through partial values.
+    int partial = 0;
+    for (int x = cx; x < emblem.right; ++x)
+        partial += Alpha(x, cy) > 0 && Alpha(x, cy) < 255;
+    EXPECT_GT(partial, 10);
+    EXPECT_EQ(Alpha(emblem.right - 1, emblem.top), 0);  // outside the round emblem
+
+    // The keyed picture: no green survives anywhere in its box, the screen
+    // is transparent and the sun is there, faded to 230.
+    const UstRect w = DemoWeatherBox();
+    int clear = 0;
+    for (int y = w.top; y < w.bottom; y += 3)
+        for (int x = w.left; x < w.right; x += 3) {
+            const QRgb p = s_image->pixel(x, y);
+            ASSERT_FALSE(qGreen(p) > 200 && qRed(p) < 60 && qBlue(p) < 60) << x << ", " << y;
+            clear += qAlpha(p) == 0;
+        }
+    EXPECT_GT(clear, 2000);
+    const int sunX = w.left + (w.right - w.left) * 38 / 100,
+              sunY = w.top + (w.bottom - w.top) * 42 / 100;
+    EXPECT_EQ(Alpha(sunX, sunY), 230);
 }
 
 }  // namespace

@@ -170,6 +170,9 @@ TEST_F(PageTest, PageTypeResetsEffectsAndRollToCutLosesObjects) {
     EXPECT_EQ(+page->m_effect.nInEffect, 3);
     EXPECT_EQ(+page->m_effect.nOutEffect, 2);
     EXPECT_TRUE(page->Objects().empty());
+    const uint32_t noSuchType = 3;
+    EXPECT_EQ(page->ExecCommand(&noSuchType, 736), 0);
+    EXPECT_EQ(view.pageType, 0u);
 }
 
 TEST_F(PageTest, EffectValuesSetToggleAndCopy) {

@@ -42,6 +42,13 @@ TEST(ProfileFile, ReadsHandWrittenFilesWithoutCaseOrSpacing) {
     EXPECT_FALSE(GetProfileStruct(file, "QRD_ENV_INI", "env_ini", rec, 3));
 }
 
+TEST(ProfileFile, AByteOrderMarkBeforeTheFirstSectionIsSkipped) {
+    QTemporaryDir dir;
+    const auto file = TempPath(dir, "bom.ini");
+    WriteFile(file, "\xEF\xBB\xBF[QRD_ENV_INI]\r\nenv_ini=0102\r\n");
+    EXPECT_EQ(ReadProfileString(file, "QRD_ENV_INI", "env_ini"), "0102");
+}
+
 TEST(ProfileFile, WritingKeepsOtherSectionsAndReplacesTheKey) {
     QTemporaryDir dir;
     const auto file = TempPath(dir, "b.ini");

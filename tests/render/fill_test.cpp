@@ -151,6 +151,23 @@ TEST(GradientModel, ColourAtPegsBetweenAndOutside) {
     EXPECT_EQ(g.GetColourAt(0.5f), 0xFFFFFFu);  // on the peg: the next colour, by the rule
 }
 
+TEST(GradientModel, BothEndsAreTheEndPegsExactly) {
+    CGradient g;  // black at 0, white at 1
+    g.m_nInterpolation = CGradient::LINEAR;
+    EXPECT_EQ(g.GetColourAt(0.0f), 0x000000u);
+    EXPECT_EQ(g.GetColourAt(1.0f), 0xFFFFFFu);
+    g.m_nInterpolation = CGradient::REVERSE;  // the weights exchanged: each end the other's
+    EXPECT_EQ(g.GetColourAt(0.0f), 0xFFFFFFu);
+    EXPECT_EQ(g.GetColourAt(1.0f), 0x000000u);
+    g.m_nInterpolation = CGradient::COSINE;
+    EXPECT_EQ(g.GetColourAt(0.0f), 0x000000u);
+    EXPECT_EQ(g.GetColourAt(1.0f), 0xFFFFFFu);
+    g.m_nInterpolation = CGradient::LINEAR;
+    g.AddPeg(0x0000FF, 0.5f);  // after the last peg the span runs to the end peg
+    EXPECT_EQ(g.GetColourAt(1.0f), 0xFFFFFFu);
+    EXPECT_EQ(g.GetColourAt(0.0f), 0x000000u);
+}
+
 TEST(GradientModel, PegsAddSortSpecialAndLimit) {
     CGradient g;
     const int a = g.AddPeg(0x111111, 0.7f);

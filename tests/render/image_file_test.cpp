@@ -70,16 +70,31 @@ TEST(Tga, SixteenBitWhiteAndItsChannels) {
     EXPECT_EQ(image.bits[1], 0xFF0000F8u);  // low five bits: blue only
 }
 
+TEST(Tga, ARunEndingExactlyAtThePictureEndIsRead) {
+    // 2 x 2 in one run of four: the smallest data a run-length file can have.
+    const auto one = Tga(10, 24, 2, 2, 32, {0x83, 1, 2, 3});
+    const UstPixelImage whole = ReadTgaMemory(one.data(), one.size());
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(Pixels(whole), std::vector<uint32_t>(4, 0xFF030201u));
+}
+
 TEST(Tga, DamagedFilesGiveNothing) {
     const std::vector<std::vector<uint8_t>> bad = {
         Tga(2, 32, 4, 4, 32, std::vector<uint8_t>(10)),  // fewer pixels than promised
         Tga(10, 24, 2, 2, 32, {0x85, 1, 2, 3}),          // a run past the picture
-        Tga(10, 24, 2, 2, 32, {0x01, 1, 2, 3}),          // raw packet cut short
-        Tga(2, 32, 65535, 65535, 32, {}),                // absurd size
-        Tga(1, 8, 2, 2, 32, std::vector<uint8_t>(4)),    // colour-mapped
-        Tga(2, 8, 2, 2, 32, std::vector<uint8_t>(4)),    // eight bits
-        Tga(2, 32, 0, 2, 32, {}),                        // no width
-        {0, 0, 2},                                       // header cut short
+        // One pixel past the picture: a run alone, a run after a raw pixel,
+        // a raw packet of five.
+        Tga(10, 24, 2, 2, 32, {0x84, 1, 2, 3}),
+        Tga(10, 24, 2, 2, 32, {0x00, 9, 9, 9, 0x83, 1, 2, 3}),
+        Tga(10, 24, 2, 2, 32,
+            std::vector<uint8_t>{0x04, 1, 1, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4, 5, 5, 5}),
+        Tga(2, 24, 2, 2, 32, std::vector<uint8_t>(12), 0, 2, 0),  // a colour map of type 2
+        Tga(10, 24, 2, 2, 32, {0x01, 1, 2, 3}),                   // raw packet cut short
+        Tga(2, 32, 65535, 65535, 32, {}),                         // absurd size
+        Tga(1, 8, 2, 2, 32, std::vector<uint8_t>(4)),             // colour-mapped
+        Tga(2, 8, 2, 2, 32, std::vector<uint8_t>(4)),             // eight bits
+        Tga(2, 32, 0, 2, 32, {}),                                 // no width
+        {0, 0, 2},                                                // header cut short
     };
     for (size_t i = 0; i < bad.size(); ++i)
         EXPECT_FALSE(ReadTgaMemory(bad[i].data(), bad[i].size())) << i;

@@ -73,19 +73,42 @@ TEST(LayerRectsTest, BoxesAbsoluteAndShifted) {
     EXPECT_EQ(s.rcAbsStroke, (UstRect{8, 18, 42, 62}));
     const LayerRects o = Rects(Effect(1, 2));
     EXPECT_EQ(o.rcInner, (UstRect{3, 3, 37, 47}));  // stroke box less the outline
-    const LayerRects absurd = Rects(Effect(100000, 100000, 0, 100000, 0, 100000));
-    EXPECT_LT(absurd.canvasWidth, 400);  // damaged sizes cannot ask for a huge canvas
+}
+
+// A damaged record cannot ask for a huge canvas: each size is held to the
+// range of its control, and the ends of the ranges themselves pass.
+TEST(LayerRectsTest, SizesAreHeldToTheControlsRanges) {
+    EXPECT_EQ(Rects(Effect(30)).edge, 31);
+    EXPECT_EQ(Rects(Effect(31)).edge, 31);
+    EXPECT_EQ(Rects(Effect(0, 31)).outline, 31);
+    EXPECT_EQ(Rects(Effect(1, 0, 20)).edgeSoft, 60);
+    EXPECT_EQ(Rects(Effect(1, 0, 21)).edgeSoft, 60);
+    EXPECT_EQ(Rects(Effect(0, 0, 0, 50, 0)).shadowDx, 50);
+    EXPECT_EQ(Rects(Effect(0, 0, 0, -51, 0)).shadowDx, -50);
+    EXPECT_EQ(Rects(Effect(0, 0, 0, 0, -50)).shadowDy, -50);
+    EXPECT_EQ(Rects(Effect(0, 0, 0, 0, 51)).shadowDy, 50);
+    EXPECT_EQ(Rects(Effect(0, 0, 0, 2, 0, 21)).shadowSoft, 60);
+    const LayerRects down = Rects(Effect(0, 0, 0, 0, 100000));
+    EXPECT_EQ(down.shadowDy, 50);
+    EXPECT_EQ(down.canvasHeight, 90);  // 40 high, moved down 50
+    // Bands of 31 and 31 and a softness of 60: S = 122, T = 62. The shadow
+    // box spans 30 + 244 from 10 + 50 - 122; the stroke box lies inside it.
+    const LayerRects absurd = Rects(Effect(100000, 100000, 0, 100000, -100000, 100000));
+    EXPECT_EQ(absurd.canvasWidth, 274);
+    EXPECT_EQ(absurd.canvasHeight, 284);
 }
 
 TEST(PixelLine, OneStartEitherWayRound) {
     EXPECT_EQ(TracePixelLine(10, 10, 10, 10).size(), 1u);
     const auto forward = TracePixelLine(0, 0, 5, 2), backward = TracePixelLine(5, 2, 0, 0);
     ASSERT_EQ(forward.size(), 6u);
+    // a = 2, b = 5: the error runs -1, 3, -3, 1, -5, and y steps after the
+    // points whose error is at least 1.
+    const int ys[] = {0, 0, 1, 1, 2, 2};
     for (size_t i = 0; i < forward.size(); ++i) {
         EXPECT_EQ(forward[i], backward[i]) << i;
-        EXPECT_EQ(forward[i].x, static_cast<int>(i));
+        EXPECT_EQ(forward[i], (UstPoint{static_cast<int>(i), ys[i]})) << i;
     }
-    EXPECT_EQ(forward.back(), (UstPoint{5, 2}));
     const auto up = TracePixelLine(3, 9, 3, 4);
     EXPECT_EQ(up.front(), (UstPoint{3, 4}));
     const auto steep = TracePixelLine(0, 0, -2, 6);

@@ -53,9 +53,12 @@ TEST(KeyOut, HardThresholdAtDistance100) {
     KeyOutColor(px.data(), 5, 1, 0xFF000000u, 128);  // kept alpha: 200 * 128 / 255 = 100
     EXPECT_EQ(px, (std::vector<uint32_t>{0x00640000u, 0x64650000u, 0x003C5000u, 0x003D5000u,
                                          0x64000065u}));
-    std::vector<uint32_t> alpha = {0xC8112233u};
+    std::vector<uint32_t> alpha = {0xC8112233u, 0xC8112233u, 0xFF445566u};
     ScaleAlphaPixels(alpha.data(), 1, 1, 128);
     EXPECT_EQ(alpha[0], 0x64112233u);
+    ScaleAlphaPixels(alpha.data() + 1, 2, 1, 255);  // full opacity keeps every alpha
+    EXPECT_EQ(alpha[1], 0xC8112233u);
+    EXPECT_EQ(alpha[2], 0xFF445566u);
 }
 
 TEST(BoxBlur, RadiusOneWorksOnTheInnerSixBySixWithATwoByTwoBox) {
@@ -84,6 +87,12 @@ TEST(BoxBlur, FailuresLeaveTheBlockAlone) {
     EXPECT_EQ(BoxBlurRect(px.data(), {0, 0, 9, 9}, 10, 3), 0);
     EXPECT_EQ(BoxBlurRect(px.data(), {2, 0, 12, 10}, 10, 1), 0);  // wider than the block
     EXPECT_EQ(px, before);
+    // Five wide at radius 1 leaves a region of one pixel, (2, 2), whose box
+    // is (1..2, 1..2): three pixels of the colour and one of 0.
+    px[11] = 0;
+    EXPECT_EQ(BoxBlurRect(px.data(), {0, 0, 5, 5}, 10, 1), 1);
+    EXPECT_EQ(px[22], 0x0C192633u);  // three quarters of each channel, floored
+    EXPECT_EQ(px[23], 0x11223344u);
 }
 
 TEST(BoxBlur, FixedPointReciprocal) {
@@ -107,6 +116,9 @@ TEST(Masks, ClearMaskedInteriorNeverTouchesTheBorder) {
     std::vector<uint32_t> narrow(6, 5), narrowMask(6, F);
     ClearMaskedInterior(narrow.data(), narrowMask.data(), 2, 3);
     EXPECT_EQ(narrow, std::vector<uint32_t>(6, 5));
+    std::vector<uint32_t> smallest(9, 5), smallestMask(9, F);  // 3 x 3: only the centre
+    ClearMaskedInterior(smallest.data(), smallestMask.data(), 3, 3);
+    EXPECT_EQ(smallest, (std::vector<uint32_t>{5, 5, 5, 5, 0, 5, 5, 5, 5}));
 }
 
 TEST(Masks, MergeAndStamp) {

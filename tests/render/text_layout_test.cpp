@@ -97,6 +97,27 @@ TEST(TextLayout, OnlyTheLineEndsLeadingMovesTheNextLine) {
     EXPECT_NEAR(layoutWith(0, 10).pos[2].y, plain.pos[2].y + 10, 1e-3);
 }
 
+TEST(TextLayout, AMiddleLineKeepsItsDescentAndLeading) {
+    UstRect rect;
+    const UstTextLayout l = Lay({B72(), LineEnd72(10), B72(), LineEnd72(10), A24()}, 0, 100, rect);
+    ASSERT_EQ(l.nLines, 3);
+    // Line 0: baseline 100, top 100 - 82 = 18; gap D + L = 14 + 10 = 24;
+    // running top 100 + H72 - 82 + 24 = 137.9976.
+    EXPECT_FLOAT_EQ(l.pos[0].y, 48);
+    EXPECT_FLOAT_EQ(l.pos[1].y, 18);
+    EXPECT_NEAR(l.lineHeight[0], 137.9976f - 18, 1e-3);
+    // Line 1: baseline 137.9976 + 82; it is not the last, so its height is
+    // the gap and H72: 119.9976.
+    EXPECT_NEAR(l.pos[2].y, 219.9976f - 52, 1e-3);
+    EXPECT_NEAR(l.pos[3].y, 219.9976f - 82, 1e-3);
+    EXPECT_NEAR(l.lineHeight[1], 24 + H72, 1e-3);
+    // Line 2 starts at 257.9952: baseline + 27, the character 18 above it.
+    EXPECT_NEAR(l.pos[4].y, 257.9952f + 27 - 18, 1e-3);
+    EXPECT_NEAR(l.lineHeight[2], H24, 1e-3);
+    EXPECT_EQ(rect.top, 18);
+    EXPECT_EQ(rect.bottom, 290);  // 257.9952 + 31.9992
+}
+
 TEST(TextLayout, EmptyAndLineEndCases) {
     UstRect rect{1, 2, 3, 4};
     const UstTextLayout none = Lay({}, 50, 60, rect);

@@ -11,6 +11,7 @@ namespace {
 constexpr uint32_t KP_HOME = 0xff95, KP_PRIOR = 0xff9a, KP_LEFT = 0xff96, KP_INSERT = 0xff9e;
 constexpr uint32_t KP_BEGIN = 0xff9d, KP_ENTER = 0xff8d, KP_5 = 0xffb5, KP_ADD = 0xffab;
 constexpr uint32_t KP_MULTIPLY = 0xffaa, KP_DIVIDE = 0xffaf, KP_DECIMAL = 0xffae;
+constexpr uint32_t KP_SUBTRACT = 0xffad;
 constexpr uint32_t HOME = 0xff50, PRIOR = 0xff55, DEL = 0xffff, RETURN = 0xff0d;
 constexpr uint32_t F8 = 0xffc5, F10 = 0xffc7, F11 = 0xffc8, F12 = 0xffc9, F5 = 0xffc2;
 constexpr uint32_t DIGIT_5 = 0x35;
@@ -52,6 +53,27 @@ TEST(KeyTranslation, WithoutKeysymsTheKeypadFlagDecides) {
     EXPECT_TRUE(KeyFromKeysym(0, Qt::Key_Enter, true).bExtended);
 }
 
+// X11 modifier bits: Mod1 is Alt, Mod2 is Num Lock.
+constexpr quint32 X_MOD1_ALT = 0x08, X_MOD2_NUMLOCK = 0x10;
+
+TEST(KeyTranslation, NumLockComesFromItsOwnModifierBit) {
+    auto enter = [](Qt::KeyboardModifiers mods, quint32 native) {
+        const QKeyEvent e(QEvent::KeyPress, Qt::Key_Enter, mods, 0, KP_ENTER, native);
+        return TranslateKey(e);
+    };
+    const UstKeyInfo locked = enter(Qt::KeypadModifier, X_MOD2_NUMLOCK);
+    EXPECT_TRUE(locked.bNumLock);
+    EXPECT_FALSE(locked.bAlt);
+    EXPECT_EQ(RouteKey(locked, 0), EKeyRoute::PASS);  // keypad Enter under Num Lock goes on
+    const UstKeyInfo plain = enter(Qt::KeypadModifier, 0);
+    EXPECT_FALSE(plain.bNumLock);
+    EXPECT_EQ(RouteKey(plain, 0), EKeyRoute::TAKE);
+    const UstKeyInfo alt = enter(Qt::KeypadModifier | Qt::AltModifier, X_MOD1_ALT);
+    EXPECT_FALSE(alt.bNumLock);
+    EXPECT_TRUE(alt.bAlt);
+    EXPECT_TRUE(alt.bSysKey);
+}
+
 TEST(KeyRouting, TableOfCases) {
     using R = EKeyRoute;
     struct Case {
@@ -68,6 +90,11 @@ TEST(KeyRouting, TableOfCases) {
     altF8.bAlt = altF8.bSysKey = true;
     UstKeyInfo altKp5 = Key(KP_5);
     altKp5.bAlt = altKp5.bSysKey = true;
+    auto alt = [](uint32_t keysym) {
+        UstKeyInfo k = Key(keysym);
+        k.bAlt = k.bSysKey = true;
+        return k;
+    };
     const Case cases[] = {
         {"keypad 5 in edit", Key(KP_5), 0, R::TAKE},
         {"main 5 in edit", Key(DIGIT_5), 0, R::PASS},
@@ -88,10 +115,14 @@ TEST(KeyRouting, TableOfCases) {
         {"F10 as a system key", Key(F10), 0, R::TAKE},
         {"Alt+F8 as a system key", altF8, 0, R::TAKE},
         {"Alt+keypad 5 goes on", altKp5, 0, R::PASS},
+        {"Alt+F7 goes on", alt(F8 - 1), 0, R::PASS},
+        {"Alt+F11 as a system key", alt(F11), 0, R::TAKE},
+        {"Alt+F12 goes on", alt(F12), 0, R::PASS},
         {"on air: keypad 5 swallowed", Key(KP_5), 2, R::SWALLOW},
         {"on air: main 5 swallowed", Key(DIGIT_5), 2, R::SWALLOW},
         {"on air: keypad * taken", Key(KP_MULTIPLY), 2, R::TAKE},
         {"on air: keypad + taken", Key(KP_ADD), 2, R::TAKE},
+        {"on air: keypad - taken", Key(KP_SUBTRACT), 2, R::TAKE},
         {"on air: F11 taken", Key(F11), 2, R::TAKE},
         {"on air: F12 taken", Key(F12), 2, R::TAKE},
         {"on air: F8 swallowed", Key(F8), 2, R::SWALLOW},

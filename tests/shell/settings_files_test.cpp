@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QLocale>
+#include <QTranslator>
 
 #include "project/profile_file.h"
 #include "shell/language.h"
@@ -101,6 +103,19 @@ TEST(Language, FromLocaleThenFromTheSettingsFile) {
     text.erase(text.size() - 3, 1);
     WriteFile(file, text);
     EXPECT_EQ(ChooseLanguage(file, korean), 18);
+}
+
+TEST(Language, TheChosenTranslationIsInstalled) {
+    const char* frame = "orv::CMainFrame";
+    {
+        QTranslator translator, toolkit;
+        ASSERT_TRUE(InstallTranslation(18, translator, toolkit));
+        EXPECT_EQ(QCoreApplication::translate(frame, "Initializing..."),
+                  QString::fromUtf8("초기화 중..."));
+    }  // a translator leaves the application when it goes
+    QTranslator translator, toolkit;
+    ASSERT_TRUE(InstallTranslation(9, translator, toolkit));
+    EXPECT_EQ(QCoreApplication::translate(frame, "Initializing..."), "Initializing...");
 }
 
 }  // namespace

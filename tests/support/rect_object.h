@@ -53,6 +53,7 @@ public:
     int GetCanvasHeight() const override { return height; }
     uint32_t* GetCanvasBits() override { return canvas.empty() ? nullptr : canvas.data(); }
     void ObjectRemovedItself() override {}
+    QString ObjectFolder() const override { return folder; }
     // Gives the context a canvas of its size, cleared to the colour.
     void MakeCanvas(uint32_t colour = 0) {
         canvas.assign(static_cast<size_t>(width) * height, colour);
@@ -62,6 +63,7 @@ public:
     float fZoom = 100.0f;
     UstPoint scroll, origin;
     int width = 1920, height = 1080;
+    QString folder;
 };
 
 // A view with a canvas of its own and a record of what the page asked of it.

@@ -1,7 +1,8 @@
 #pragma once
 // The built-in sample page: a lower third, a heading with a hard shadow, a
-// turned badge, a Korean line and every shape kind. It is a new user's first
-// look at what the renderer does and a smoke test of all of its layers.
+// turned badge, a Korean line, every shape kind, a picture with its own
+// alpha and a keyed one. It is a new user's first look at what the renderer
+// does and a smoke test of all of its layers.
 
 #include <QImage>
 #include <QString>
@@ -18,6 +19,11 @@ constexpr int DEMO_WIDTH = 1920, DEMO_HEIGHT = 1080;
 
 // The lower third's main bar, in page pixels.
 UstRect DemoLowerThirdBar();
+
+// The boxes of the emblem, which has its own alpha, and of the keyed
+// green-screen picture.
+UstRect DemoEmblemBox();
+UstRect DemoWeatherBox();
 
 // The box the shape of a kind (0 to 27) stands in; the kinds fill two rows.
 UstRect DemoShapeBox(int kind);

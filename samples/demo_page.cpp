@@ -1,4 +1,4 @@
-#include "project/demo_page.h"
+#include "samples/demo_page.h"
 
 #include <QColor>
 #include <QDir>
@@ -7,12 +7,14 @@
 
 #include <initializer_list>
 
+#include "objects/picture_object.h"
 #include "objects/shape_object.h"
 #include "objects/text_object.h"
 #include "render/fixed_string.h"
 #include "render/layers.h"
 #include "render/pixels.h"
 #include "render/shape_path.h"
+#include "samples/sample_pictures.h"
 
 namespace orv {
 
@@ -31,6 +33,9 @@ constexpr int KIND_ROUNDED = 1, KIND_SLANTED_BAR = 23;
 constexpr UstRect MAIN_BAR = {120, 790, 1260, 890};
 constexpr UstRect ACCENT_BAR = {120, 890, 860, 936};
 constexpr UstRect BADGE = {1450, 150, 1720, 250};
+constexpr UstRect EMBLEM = {1490, 320, 1710, 540};
+constexpr UstRect WEATHER = {1400, 700, 1728, 910};
+constexpr int32_t WEATHER_ALPHA = 230;
 
 constexpr int SHAPE_W = 60, SHAPE_H = 45, SHAPE_STEP_X = 84, SHAPE_STEP_Y = 75;
 constexpr int SHAPE_TOP = 450, SHAPES_PER_ROW = 14;
@@ -191,7 +196,37 @@ void AddShapes(Objects& page) {
     }
 }
 
+std::unique_ptr<CQRDObjectPicture> MakePicture(const QString& label, UstPixelImage source,
+                                               const UstRect& box) {
+    auto picture = std::make_unique<CQRDObjectPicture>(nullptr, label, source.width, source.height,
+                                                       MakeDefaultAttr(), MakeDefaultEffect());
+    picture->SetSource(std::move(source));
+    picture->m_rcStored = box;
+    picture->UpdateView();
+    picture->RecalcHandles();
+    return picture;
+}
+
+// A picture with its own alpha, drawn at a smaller size than it was made,
+// and a green-screen shot keyed out and faded a little.
+void AddPictures(Objects& page) {
+    page.push_back(MakePicture("emblem.png", MakeEmblemPicture(440), EMBLEM));
+    auto weather = MakePicture("weather.png", MakeGreenScreenPicture(656, 420), WEATHER);
+    const uint32_t key = SAMPLE_SCREEN_GREEN;
+    weather->Execute(&key, CMD_KEY_COLOUR);
+    weather->Execute(&WEATHER_ALPHA, CMD_PICTURE_ALPHA);
+    page.push_back(std::move(weather));
+}
+
 }  // namespace
+
+UstRect DemoEmblemBox() {
+    return EMBLEM;
+}
+
+UstRect DemoWeatherBox() {
+    return WEATHER;
+}
 
 UstRect DemoLowerThirdBar() {
     return MAIN_BAR;
@@ -213,6 +248,7 @@ std::vector<std::unique_ptr<CQRDObject>> BuildDemoPage() {
     AddBadge(page);
     AddKorean(page);
     AddShapes(page);
+    AddPictures(page);
     AddLowerThird(page);
     return page;
 }

@@ -1,0 +1,74 @@
+// Until the ribbon exists: pictures and backgrounds from files, the keying
+// and alpha of the selected picture, and grouping.
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+
+#include "objects/group_object.h"
+#include "objects/picture_object.h"
+#include "project/page_manager.h"
+#include "ui/main_frame.h"
+#include "ui/zevrant_view.h"
+
+namespace orv {
+
+QString CMainFrame::PictureFileFilter() {
+    return tr(
+        "Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;"
+        "BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;"
+        "TIFF (*.tif *.tiff);;GIF (*.gif)");
+}
+
+void CMainFrame::CreateInsertMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Insert"));
+    auto add = [&](const QString& text, uint32_t id, auto slot) {
+        const QStringList parts = text.split('\n');
+        QAction* action = menu->addAction(parts.value(1), this, slot);
+        action->setStatusTip(parts.value(0));
+        action->setObjectName(QString("cmd%1").arg(id));
+    };
+    auto page = [this](uint32_t id) {
+        return [this, id] {
+            if (CZevrantView* view = ActiveView()) view->PageCommand(id);
+        };
+    };
+    add(tr("Insert a picture file\nPicture..."), CMD_INSERT_PICTURE_FILE,
+        [this] { InsertPictureFile(CMD_INSERT_PICTURE_FILE); });
+    add(tr("Insert a background picture\nBackground..."), CMD_INSERT_BACKGROUND_FILE,
+        [this] { InsertPictureFile(CMD_INSERT_BACKGROUND_FILE); });
+    add(tr("Erase the background picture\nErase Background"), CMD_ERASE_BACKGROUND,
+        page(CMD_ERASE_BACKGROUND));
+    menu->addSeparator();
+    add(tr("Start keying\nStart Keying"), CMD_START_KEYING, page(CMD_START_KEYING));
+    add(tr("Reset key value\nReset Key"), CMD_RESET_KEY, page(CMD_RESET_KEY));
+    add(tr("Alpha value for selected picture\nPicture Alpha..."), CMD_PICTURE_ALPHA,
+        [this] { ChoosePictureAlpha(); });
+    menu->addSeparator();
+    add(tr("Group objects\nGroup"), CMD_GROUP, page(CMD_GROUP));
+    add(tr("Ungroup objects\nUngroup"), CMD_UNGROUP, page(CMD_UNGROUP));
+}
+
+void CMainFrame::InsertPictureFile(uint32_t command) {
+    CZevrantView* view = ActiveView();
+    if (!view) return;
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open"), {}, PictureFileFilter());
+    if (file.isEmpty()) return;
+    view->EndTextEdit();
+    if (!view->PageCommand(command, &file))
+        QMessageBox::warning(this, windowTitle(), tr("Failed loading picture."));
+}
+
+void CMainFrame::ChoosePictureAlpha() {
+    CZevrantView* view = ActiveView();
+    CPageManager* page = view ? view->Page() : nullptr;
+    if (!page || page->Selection().empty() || page->Selection().front()->GetType() != OBJ_PICTURE)
+        return;
+    const auto* picture = static_cast<const CQRDObjectPicture*>(page->Selection().front());
+    bool ok = false;
+    const int32_t alpha = QInputDialog::getInt(this, tr("Alpha"), tr("Alpha (0 to 255):"),
+                                               picture->m_nAlpha, 0, 255, 1, &ok);
+    if (ok) view->PageCommand(CMD_PICTURE_ALPHA, &alpha);
+}
+
+}  // namespace orv
