@@ -89,7 +89,11 @@ void CMainFrame::OnOutputFailure(const QString& output, const QString& reason) {
 // again for the pages to take the new size.
 void CMainFrame::OnHardwareConfiguration() {
     if (!m_pBoard) return;
-    if (!m_pBoard->ShowConfigDialog()) return;
+    const int changed = m_pBoard->ShowConfigDialog();
+    if (auto* card = dynamic_cast<IF_HDExtreme*>(m_pBoard);
+        card && card->Output().kind == EOutputKind::MONITOR)
+        ShowProgramMonitor(true);
+    if (!changed) return;
     ShowModeName();
     const auto answer = QMessageBox::question(
         this, windowTitle(),
@@ -117,8 +121,12 @@ void CMainFrame::SendTestCard(bool on) {
 }
 
 void CMainFrame::ShowProgramMonitor(bool show) {
-    if (show && !m_pMonitor && m_pBoard)
+    if (show && !m_pMonitor && m_pBoard) {
         m_pMonitor = new CProgramMonitor(m_pBoard->GetPipeline(), this);
+        connect(m_pMonitor, &CProgramMonitor::Hidden, this, [this] {
+            if (m_pMonitorAction) m_pMonitorAction->setChecked(false);
+        });
+    }
     if (m_pMonitor) m_pMonitor->setVisible(show);
     if (m_pMonitorAction) m_pMonitorAction->setChecked(show && m_pMonitor);
 }

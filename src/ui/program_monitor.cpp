@@ -101,6 +101,11 @@ QImage CProgramMonitor::BackgroundFor(QSize size) const {
     return back;
 }
 
+void CProgramMonitor::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    Q_EMIT Hidden();
+}
+
 // The frame at its pixel aspect, as large as the window allows.
 void CProgramMonitor::paintEvent(QPaintEvent*) {
     QPainter painter(this);

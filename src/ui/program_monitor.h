@@ -36,7 +36,11 @@ public:
     // premultiplied frame as the keyer does.
     static QImage Compose(const QImage& frame, int keyLevel, const QImage& background);
 
+Q_SIGNALS:
+    void Hidden();
+
 protected:
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
