@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "output_commands.h"
 #include "project_commands.h"
 #include "samples/demo_page.h"
 
@@ -13,6 +14,9 @@ namespace {
 const char* const HELP =
     "Usage: orvantis-cli [--help] [--version]\n"
     "       orvantis-cli demo OUT.png\n"
+    "       orvantis-cli modes\n"
+    "       orvantis-cli output [--output SPEC] [--mode MODE] [--frames N] [--queue N]\n"
+    "       orvantis-cli frames FILE.mkv DIR\n"
     "       orvantis-cli info [--json] PROJECT\n"
     "       orvantis-cli resave PROJECT OUT\n"
     "       orvantis-cli render PROJECT PAGE OUT.png|OUT.tga\n"
@@ -25,6 +29,19 @@ const char* const HELP =
     "  --version     show the version\n"
     "  demo OUT.png  render the built-in sample page at 1920 x 1080 and save it\n"
     "                as a PNG; what the page leaves empty stays transparent\n"
+    "  modes         list the output card's modes, or the standard ones without a\n"
+    "                card, with the short names that --mode takes\n"
+    "  output        play a test card with a moving box to an output, paced by it,\n"
+    "                for N frames (250); exits 1 if the output failed\n"
+    "      --output SPEC  null (the default: the clock alone), card,\n"
+    "                     file:PATH.mkv (lossless FFV1, fill and key in BGRA) or\n"
+    "                     srt://HOST:PORT (H.264 in MPEG-TS, fill over black)\n"
+    "      --mode MODE    ntsc, pal, 720p50, 720p5994, 720p60, 1080i50, 1080i5994,\n"
+    "                     1080p2398, 1080p24, 1080p25, 1080p2997, 1080p30, 1080p50,\n"
+    "                     1080p5994, 1080p60 (default 1080i5994)\n"
+    "      --queue N      frames the output may hold before the playout waits (3)\n"
+    "  frames FILE.mkv DIR\n"
+    "                write each frame of a file output to DIR as a PNG with its key\n"
     "  info          the header, and per page its type, effect settings and\n"
     "                objects with their kind, box and text; --json prints one\n"
     "                JSON object instead\n"
@@ -33,8 +50,9 @@ const char* const HELP =
     "                goes to air, with its transparency\n"
     "  export-all    every page as DIR/page001.png, page002.png, ...\n"
     "\n"
-    "Exit status: 0 done, 1 a file did not load or could not be written (one\n"
-    "line on stderr names the file and the reason), 2 bad usage.\n";
+    "info, resave, render and export-all exit with 0 when done, 1 when a file\n"
+    "does not load or cannot be written (one line on stderr names the file and\n"
+    "the reason), and 2 on bad usage.\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {
@@ -81,6 +99,9 @@ int main(int argc, char** argv) {
             args.push_back(QString::fromLocal8Bit(argv[i]));
         return c.run(args);
     }
+    if (argc >= 2 && std::strcmp(argv[1], "modes") == 0) return orv::cli::ListModes(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "output") == 0) return orv::cli::PlayTestCard(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "frames") == 0) return orv::cli::UnpackFrames(argc, argv);
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
             std::printf("orvantis-cli 1.62\n");

@@ -20,6 +20,8 @@ class QMenu;
 
 namespace orv {
 
+class CGBoard;
+class CProgramMonitor;
 class CSplashScreenEx;
 class CZevrantDoc;
 class CZevrantView;
@@ -29,7 +31,8 @@ class CZevrantView;
 class CMainFrame : public QMainWindow {
     Q_OBJECT
 public:
-    CMainFrame(const UstFolders& folders, uint16_t language);
+    // board: the output board, or null; not owned.
+    CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* board = nullptr);
     ~CMainFrame() override;
 
     // The window work of creation, in its order. False ends start-up.
@@ -55,6 +58,17 @@ public:
     void ExportPageToTga();
     // Writes the active page to a TGA file; false with nothing written on failure.
     bool ExportPageTo(const QString& file);
+
+    // The output menu's commands: Hardware Configuration (757), Reset the
+    // graphic board (758), the test card, the program monitor.
+    void OnHardwareConfiguration();
+    void OnResetBoard();
+    void ShowProgramMonitor(bool show);
+    void SendTestCard(bool on);
+    CProgramMonitor* ProgramMonitor() const { return m_pMonitor; }
+    // An output that failed and gave way to the clock: said once in the
+    // status bar and in the log.
+    Q_INVOKABLE void OnOutputFailure(const QString& output, const QString& reason);
 
     Q_INVOKABLE void OnPlayNotify(int what, int arg);
     Q_INVOKABLE void OnAttrChanged();
@@ -93,6 +107,10 @@ private:
     void CreatePageMenu();
     void CreateTextMenu();
     void CreateShapeMenu();
+    void CreateBoardMenu();
+    void AttachBoard();
+    void DetachBoard();
+    void ShowModeName();
     void CreateInsertMenu();
     void AddProjectFileActions(QMenu* file);
     void InsertPictureFile(uint32_t command);
@@ -115,6 +133,9 @@ private:
 
     UstFolders m_folders;
     uint16_t m_nLanguage;
+    CGBoard* m_pBoard;
+    CProgramMonitor* m_pMonitor = nullptr;
+    QAction* m_pMonitorAction = nullptr;
     CSplashScreenEx* m_pSplash = nullptr;
     QMdiArea* m_pMdi = nullptr;
     QTimer m_timer;
