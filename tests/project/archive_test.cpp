@@ -405,19 +405,13 @@ TEST(ArchiveWriter, ClassRecordsOnceAndBigIndicesBehindTheEscape) {
     EXPECT_EQ(in.Remaining(), 0u);
 }
 
-TEST(ArchiveWriter, CountsAndBackReferences) {
+TEST(ArchiveWriter, ASecondWriteIsABackReference) {
     CArchiveOut out;
-    out.WriteCount(0xFFFE);
-    out.WriteCount(0xFFFF);
-    out.WriteCount(70000);
     CPageManager page;
     out.WritePage(page);
     const size_t afterPage = out.Bytes().Size();
-    out.WritePage(page);  // the same page again: a back-reference to entry 2
+    out.WritePage(page);  // entry 2
     const std::vector<uint8_t>& b = out.Bytes().Bytes();
-    EXPECT_EQ(std::vector<uint8_t>(b.begin(), b.begin() + 14),
-              (std::vector<uint8_t>{0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0xFF, 0xFF, 0x70,
-                                    0x11, 0x01, 0x00}));
     EXPECT_EQ(b.size(), afterPage + 2);
     EXPECT_EQ(test::At<uint16_t>(b[0], afterPage), 2);
     test::CRectObject stray({0, 0, 1, 1});
