@@ -1,5 +1,7 @@
 #include "project/object_folder.h"
 
+#include "project/thumb_file.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>

@@ -39,12 +39,9 @@ CZevrantView::CZevrantView(CMainFrame* frame, CZevrantDoc* doc, QWidget* parent)
         connect(bar, &QScrollBar::valueChanged, this,
                 [this, bar](int v) { OnScroll(bar == m_wndVScroll, v); });
     }
-    CQRDObjectText::SetEditHost(this);
 }
 
-CZevrantView::~CZevrantView() {
-    if (CQRDObjectText::EditHost() == this) CQRDObjectText::SetEditHost(nullptr);
-}
+CZevrantView::~CZevrantView() = default;
 
 CPageManager* CZevrantView::Page() const {
     return m_pDoc && m_bAttached ? m_pDoc->Project().GetCurPage() : nullptr;

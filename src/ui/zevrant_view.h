@@ -57,6 +57,7 @@ public:
     int SetScrollBar(uint32_t pageType, int origin, int total) override;
     void InvalidateRect(const UstRect& windowRect) override;
     void Repaint() override;
+    CTextEditHost* EditHost() override { return this; }
 
     // CTextEditHost
     const UstDefaultAttr& DefaultAttr() const override;
