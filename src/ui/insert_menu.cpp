@@ -7,7 +7,7 @@
 
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
-#include "project/page_manager.h"
+#include "project/project_manager.h"
 #include "ui/main_frame.h"
 #include "ui/zevrant_view.h"
 
@@ -39,6 +39,8 @@ void CMainFrame::CreateInsertMenu() {
         [this] { InsertPictureFile(CMD_INSERT_BACKGROUND_FILE); });
     add(tr("Erase the background picture\nErase Background"), CMD_ERASE_BACKGROUND,
         page(CMD_ERASE_BACKGROUND));
+    add(tr("Insert a background picture on every page\nBackground to All Pages..."),
+        CMD_BACKGROUND_TO_ALL, [this] { InsertBackgroundToAll(); });
     menu->addSeparator();
     add(tr("Start keying\nStart Keying"), CMD_START_KEYING, page(CMD_START_KEYING));
     add(tr("Reset key value\nReset Key"), CMD_RESET_KEY, page(CMD_RESET_KEY));
@@ -57,6 +59,17 @@ void CMainFrame::InsertPictureFile(uint32_t command) {
     view->EndTextEdit();
     if (!view->PageCommand(command, &file))
         QMessageBox::warning(this, windowTitle(), tr("Failed loading picture."));
+}
+
+void CMainFrame::InsertBackgroundToAll() {
+    CZevrantView* view = ActiveView();
+    if (!view) return;
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open"), {}, PictureFileFilter());
+    if (file.isEmpty()) return;
+    if (!view->ProjectCommand(CMD_BACKGROUND_TO_ALL, &file))
+        QMessageBox::warning(this, windowTitle(), tr("Failed loading picture."));
+    else if (CPageManager* page = view->Page())
+        page->Repaint();
 }
 
 void CMainFrame::ChoosePictureAlpha() {
