@@ -149,15 +149,6 @@ void CProjectManager::Serialize(CByteWriter& header, CArchiveOut& list) const {
 }
 
 int CProjectManager::SaveProject(const QString& path, QString* error) {
-    for (const auto& page : m_aPages)
-        page->EnsureThumbFile();
-    CByteWriter header;
-    CArchiveOut list;
-    try {
-        Serialize(header, list);
-    } catch (const std::exception& e) {
-        return Fail(error, QString::fromStdString(e.what()));
-    }
     // What the file holds now stays wherever this save does not reach.
     QByteArray bytes;
     {
@@ -166,6 +157,23 @@ int CProjectManager::SaveProject(const QString& path, QString* error) {
             return Fail(error,
                         QStringLiteral("cannot be opened for writing: %1").arg(file.errorString()));
         bytes = file.readAll();
+    }
+    return SaveProjectOver(path, std::move(bytes), error);
+}
+
+int CProjectManager::SaveNewProject(const QString& path, QString* error) {
+    return SaveProjectOver(path, QByteArray(), error);
+}
+
+int CProjectManager::SaveProjectOver(const QString& path, QByteArray bytes, QString* error) {
+    for (const auto& page : m_aPages)
+        page->EnsureThumbFile();
+    CByteWriter header;
+    CArchiveOut list;
+    try {
+        Serialize(header, list);
+    } catch (const std::exception& e) {
+        return Fail(error, QString::fromStdString(e.what()));
     }
     const auto put = [&bytes](qsizetype at, const CByteWriter& part) {
         const auto size = static_cast<qsizetype>(part.Size());

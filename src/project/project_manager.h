@@ -113,6 +113,8 @@ public:
     // stay as they were. Then each changed page's thumbnail is stored.
     // 1, or 0 with the reason when the file does not open or take the bytes.
     int SaveProject(const QString& path, QString* error = nullptr);
+    // The same into a file made anew, in one step: never seen empty.
+    int SaveNewProject(const QString& path, QString* error = nullptr);
     // Reads a project file and takes its pages and frame; the folder becomes
     // the file's. The pages are attached to this project but not to a view.
     // 0 with the reason on any damage, and then the project is as it was.
@@ -156,6 +158,7 @@ public:
     CPageManager* m_pPlayPage = nullptr;
 
 private:
+    int SaveProjectOver(const QString& path, QByteArray bytes, QString* error);
     int NewPage(const int* afterIndex);
     int DeletePages();
     int PageClicked(int index, bool reselect);

@@ -110,8 +110,7 @@ UstOpenOutcome OpenProjectFiles(CProjectManager& project, const UstProjectPaths&
         CProjectManager probe;
         QString why;
         if (probe.LoadProject(paths.strBackupPath, &why)) {
-            QFile::remove(paths.strProjectPath);
-            if (!QFile::rename(paths.strBackupPath, paths.strProjectPath)) {
+            if (!PromoteWorkingFile(paths)) {
                 out.strError = QStringLiteral("the recovery file cannot take the project's place");
                 return out;
             }
@@ -126,15 +125,9 @@ UstOpenOutcome OpenProjectFiles(CProjectManager& project, const UstProjectPaths&
     project.SetFolder(paths.strFolder);
     QDir().mkpath(paths.strDataFolder);
     QDir().mkpath(paths.strObjectFolder);
-    QFile working(paths.strBackupPath);
-    if (!working.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        out.strError =
-            QStringLiteral("the working file cannot be made: %1").arg(working.errorString());
-        return out;
-    }
-    working.close();
-    if (!project.SaveProject(paths.strBackupPath, &out.strError)) {
-        QFile::remove(paths.strBackupPath);
+    // Written whole through a temporary file: a crash right after the open
+    // leaves either no working file or a complete one, never an empty one.
+    if (!project.SaveNewProject(paths.strBackupPath, &out.strError)) {
         return out;
     }
     out.bOpened = true;
