@@ -1,8 +1,12 @@
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
+#include "media/avi_player.h"
+#include "media_commands.h"
 #include "samples/demo_page.h"
 
 namespace {
@@ -10,15 +14,28 @@ namespace {
 const char* const HELP =
     "Usage: orvantis-cli [--help] [--version]\n"
     "       orvantis-cli demo OUT.png\n"
+    "       orvantis-cli seq2ani OUT.ani32 FILES...|FOLDER\n"
+    "       orvantis-cli ani-info FILE\n"
+    "       orvantis-cli ani-frame FILE N OUT.png\n"
     "\n"
     "The headless companion of the Orvantis-HD editor. It will render pages to\n"
-    "images, report on and re-save projects, convert image sequences to ANI32\n"
-    "and play a page to an output, as those parts of the system arrive.\n"
+    "images, report on and re-save projects and play a page to an output, as\n"
+    "those parts of the system arrive.\n"
     "\n"
     "  --help        show this text\n"
     "  --version     show the version\n"
     "  demo OUT.png  render the built-in sample page at 1920 x 1080 and save it\n"
-    "                as a PNG; what the page leaves empty stays transparent\n";
+    "                as a PNG; what the page leaves empty stays transparent\n"
+    "  seq2ani       convert TGA or PNG pictures to an ANI32 animation: the\n"
+    "                files in the order given, or the pictures of a folder in\n"
+    "                the order of the number in their names; pictures of\n"
+    "                another size than the first are left out\n"
+    "  ani-info      frame count, size and rate of an ANI32, QRDANI or video\n"
+    "                file, and for the first two each frame's offset checked\n"
+    "  ani-frame     frame N (counted from 0) of an animation or video as a PNG\n"
+    "\n"
+    "Exit status: 0 done, 1 a file did not load, is damaged or could not be\n"
+    "written (stderr says which), 2 bad usage.\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {
@@ -40,10 +57,35 @@ int Demo(int argc, char** argv) {
     return 0;
 }
 
+struct UstCommand {
+    const char* name;
+    int (*run)(const std::vector<QString>&);
+};
+
+constexpr UstCommand MEDIA_COMMANDS[] = {
+    {"seq2ani", orv::cli::SequenceToAni},
+    {"ani-info", orv::cli::AniInfo},
+    {"ani-frame", orv::cli::AniFrame},
+};
+
+int RunMedia(const UstCommand& c, int argc, char** argv) {
+    // Image plug-ins are found through it.
+    QCoreApplication app(argc, argv);
+    orv::QuietMediaDiagnostics();
+    std::vector<QString> args;
+    for (int i = 2; i < argc; ++i)
+        args.push_back(QString::fromLocal8Bit(argv[i]));
+    const int code = c.run(args);
+    if (code == 2) std::fprintf(stderr, "\n%s", HELP);
+    return code;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "demo") == 0) return Demo(argc, argv);
+    for (const UstCommand& c : MEDIA_COMMANDS)
+        if (argc >= 2 && std::strcmp(argv[1], c.name) == 0) return RunMedia(c, argc, argv);
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
             std::printf("orvantis-cli 1.62\n");

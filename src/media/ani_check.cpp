@@ -3,7 +3,6 @@
 #include <QFile>
 
 #include <algorithm>
-#include <numeric>
 
 #include "media/ani32_codec.h"
 #include "media/media_factory.h"
@@ -15,20 +14,25 @@ namespace {
 
 struct UstRecordSpan {
     uint64_t start, end;
-    size_t index;
 };
 
-void MarkOverlaps(std::vector<UstRecordSpan>& spans, std::vector<EFrameRecord>& records) {
-    std::sort(spans.begin(), spans.end(),
+// A record that starts inside a whole record before it. Frames that share
+// one record start at the same place, which is no overlap.
+void MarkOverlaps(const std::vector<uint32_t>& offsets, std::vector<UstRecordSpan> whole,
+                  std::vector<EFrameRecord>& records) {
+    std::sort(whole.begin(), whole.end(),
               [](const UstRecordSpan& a, const UstRecordSpan& b) { return a.start < b.start; });
-    uint64_t start = 0, end = 0;
-    for (const UstRecordSpan& s : spans) {
-        // Frames that share one record are not an overlap.
-        if (s.start < end && s.start != start) records[s.index] = EFrameRecord::OVERLAPS;
-        if (s.start != start || s.end > end) {
-            start = s.start;
-            end = std::max(end, s.end);
-        }
+    std::vector<uint64_t> reach(whole.size());
+    for (size_t i = 0; i < whole.size(); ++i)
+        reach[i] = std::max(whole[i].end, i ? reach[i - 1] : 0);
+    for (size_t i = 0; i < offsets.size(); ++i) {
+        if (records[i] != EFrameRecord::GOOD && records[i] != EFrameRecord::CUT_SHORT) continue;
+        const auto before = std::lower_bound(
+            whole.begin(), whole.end(), uint64_t{offsets[i]},
+            [](const UstRecordSpan& s, uint64_t start) { return s.start < start; });
+        if (before != whole.begin() && reach[static_cast<size_t>(before - whole.begin()) - 1] >
+                                           offsets[i])
+            records[i] = EFrameRecord::OVERLAPS;
     }
 }
 
@@ -65,9 +69,9 @@ UstAniFileCheck CheckAnimationFile(const QString& file) {
         else if (offsets[i] + fields * 4 + field[fields - 1] > bytes.Size())
             r = EFrameRecord::CUT_SHORT;
         if (r == EFrameRecord::GOOD)
-            spans.push_back({offsets[i], offsets[i] + fields * 4 + field[fields - 1], i});
+            spans.push_back({offsets[i], offsets[i] + fields * 4 + field[fields - 1]});
     }
-    MarkOverlaps(spans, check.records);
+    MarkOverlaps(offsets, std::move(spans), check.records);
     return check;
 }
 
