@@ -2,6 +2,7 @@
 
 #include <QTemporaryDir>
 
+#include <cmath>
 #include <filesystem>
 #include <vector>
 
@@ -76,18 +77,43 @@ TEST_F(VideoFiles, InterCodedFramesComeBackExactlyInOrderAndAtRandom) {
     EXPECT_EQ(player->ReadFrame(FRAMES), nullptr);
 }
 
+// Mean difference per colour byte from the frame drawn as frame i.
+double Distance(const std::vector<uint32_t>& got, int i) {
+    const std::vector<uint32_t> want = Expected(i);
+    if (got.size() != want.size()) return 1e9;
+    double sum = 0;
+    for (size_t p = 0; p < got.size(); ++p)
+        for (int shift = 0; shift < 24; shift += 8)
+            sum += std::abs(static_cast<int>((got[p] >> shift) & 255) -
+                            static_cast<int>((want[p] >> shift) & 255));
+    return sum / (static_cast<double>(got.size()) * 3);
+}
+
 TEST_F(VideoFiles, ReorderedFramesByTheirPresentationOrder) {
-    // Lossless H.264 in RGB with B-frames: decode order is not play order.
+    // H.264 in RGB with two B-frames always: decode order is not play order.
+    // The encoder allows no B-frames when lossless, so the quantiser is 1:
+    // each frame is its own picture to within a step, and a frame read at
+    // random must be the very frame that reading in order gives.
     for (const char* name : {"b.mkv", "b.mp4", "b.mov"}) {
         const std::string file = Path(name);
         test::UstVideoSpec spec{"libx264rgb", AV_PIX_FMT_BGR0, W, H, FRAMES};
         spec.gop = 6;
         spec.bFrames = 2;
-        spec.options = {{"preset", "veryfast"}, {"qp", "0"}};
+        spec.options = {{"preset", "veryfast"},
+                        {"qp", "1"},
+                        {"x264-params", "bframes=2:b-adapt=0:scenecut=0"}};
         if (!test::WriteVideo(file, spec, FillBgr0)) GTEST_SKIP() << "no libx264rgb encoder";
-        auto player = CreateMediaPlayer(QString::fromStdString(file));
-        ASSERT_TRUE(player) << name;
-        ExpectExactInAnyOrder(*player);
+        auto inOrder = CreateMediaPlayer(QString::fromStdString(file));
+        auto atRandom = CreateMediaPlayer(QString::fromStdString(file));
+        ASSERT_TRUE(inOrder && atRandom) << name;
+        ASSERT_EQ(inOrder->GetInfo()->nFrames, FRAMES);
+        std::vector<std::vector<uint32_t>> frames;
+        for (int i = 0; i < FRAMES; ++i) {
+            frames.push_back(Read(*inOrder, i));
+            ASSERT_LT(Distance(frames.back(), i), 2.0) << name << " frame " << i;
+        }
+        for (int i : {11, 3, 7, 0, 10, 4, 4, 9, 1, 2, 8, 5, 6, 11})
+            ASSERT_EQ(Read(*atRandom, i), frames[static_cast<size_t>(i)]) << name << " " << i;
     }
 }
 
