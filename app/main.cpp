@@ -1,12 +1,49 @@
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDir>
+
+#include <cstdio>
 
 #include "shell/app_object.h"
 #include "ui/app_host.h"
 
+namespace {
+
+// The output options, for this run only: board.ini keeps what the
+// Hardware Configuration dialog chose.
+bool ReadBoardOptions(const QStringList& arguments, orv::UstBoardOptions& options) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Orvantis-HD, the broadcast character generator.");
+    parser.addHelpOption();
+    parser.addOptions({
+        {"output", "Where frames go: card, null, monitor, file:PATH.mkv or srt://HOST:PORT.",
+         "output"},
+        {"mode",
+         "Video mode: ntsc, pal, 720p50, 720p5994, 720p60, 1080i50, 1080i5994, "
+         "1080p2398, 1080p24, 1080p25, 1080p2997, 1080p30, 1080p50, 1080p5994, 1080p60.",
+         "mode"},
+        {"queue", "Frames the output may hold before the playout waits (2 to 16).", "frames"},
+    });
+    parser.process(arguments);
+    for (const char* name : {"output", "mode", "queue"}) {
+        if (!parser.isSet(name)) continue;
+        std::string error;
+        if (!orv::ApplyBoardOption(name, parser.value(name).toStdString(), options, error)) {
+            std::fprintf(stderr, "orvantis: %s\n", error.c_str());
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     QApplication qapp(argc, argv);
+    orv::UstBoardOptions options;
+    if (!ReadBoardOptions(QApplication::arguments(), options)) return 2;
     orv::CZevrantApp app;
+    app.SetBoardOptions(options);
     orv::CAppHost host(app, QApplication::arguments());
     const std::filesystem::path programFolder =
         QDir(QApplication::applicationDirPath()).absolutePath().toStdString();

@@ -7,6 +7,7 @@
 
 #include "media/avi_player.h"
 #include "media_commands.h"
+#include "output_commands.h"
 #include "samples/demo_page.h"
 
 namespace {
@@ -14,6 +15,9 @@ namespace {
 const char* const HELP =
     "Usage: orvantis-cli [--help] [--version]\n"
     "       orvantis-cli demo OUT.png\n"
+    "       orvantis-cli modes\n"
+    "       orvantis-cli output [--output SPEC] [--mode MODE] [--frames N] [--queue N]\n"
+    "       orvantis-cli frames FILE.mkv DIR\n"
     "       orvantis-cli seq2ani OUT.ani32 FILES...|FOLDER\n"
     "       orvantis-cli ani-info FILE\n"
     "       orvantis-cli ani-frame FILE N OUT.png\n"
@@ -26,6 +30,19 @@ const char* const HELP =
     "  --version     show the version\n"
     "  demo OUT.png  render the built-in sample page at 1920 x 1080 and save it\n"
     "                as a PNG; what the page leaves empty stays transparent\n"
+    "  modes         list the output card's modes, or the standard ones without a\n"
+    "                card, with the short names that --mode takes\n"
+    "  output        play a test card with a moving box to an output, paced by it,\n"
+    "                for N frames (250); exits 1 if the output failed\n"
+    "      --output SPEC  null (the default: the clock alone), card,\n"
+    "                     file:PATH.mkv (lossless FFV1, fill and key in BGRA) or\n"
+    "                     srt://HOST:PORT (H.264 in MPEG-TS, fill over black)\n"
+    "      --mode MODE    ntsc, pal, 720p50, 720p5994, 720p60, 1080i50, 1080i5994,\n"
+    "                     1080p2398, 1080p24, 1080p25, 1080p2997, 1080p30, 1080p50,\n"
+    "                     1080p5994, 1080p60 (default 1080i5994)\n"
+    "      --queue N      frames the output may hold before the playout waits (3)\n"
+    "  frames FILE.mkv DIR\n"
+    "                write each frame of a file output to DIR as a PNG with its key\n"
     "  seq2ani       convert TGA or PNG pictures to an ANI32 animation: the\n"
     "                files in the order given, or the pictures of a folder in\n"
     "                the order of the number in their names; pictures of\n"
@@ -84,6 +101,9 @@ int RunMedia(const UstCommand& c, int argc, char** argv) {
 
 int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "demo") == 0) return Demo(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "modes") == 0) return orv::cli::ListModes(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "output") == 0) return orv::cli::PlayTestCard(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "frames") == 0) return orv::cli::UnpackFrames(argc, argv);
     for (const UstCommand& c : MEDIA_COMMANDS)
         if (argc >= 2 && std::strcmp(argv[1], c.name) == 0) return RunMedia(c, argc, argv);
     for (int i = 1; i < argc; ++i) {

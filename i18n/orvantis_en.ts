@@ -2,6 +2,77 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
 <context>
+    <name>orv::CDlgConfigDecklink</name>
+    <message>
+        <source>Hardware Configuration</source>
+        <translation>Hardware Configuration</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Device</translation>
+    </message>
+    <message>
+        <source>Video Format</source>
+        <translation>Video Format</translation>
+    </message>
+    <message>
+        <source>Audio Format</source>
+        <translation>Audio Format</translation>
+    </message>
+    <message>
+        <source>Keying</source>
+        <translation>Keying</translation>
+    </message>
+    <message>
+        <source>Internal</source>
+        <translation>Internal</translation>
+    </message>
+    <message>
+        <source>External</source>
+        <translation>External</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Output</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>Card</translation>
+    </message>
+    <message>
+        <source>Clock only, no picture</source>
+        <translation>Clock only, no picture</translation>
+    </message>
+    <message>
+        <source>Program monitor</source>
+        <translation>Program monitor</translation>
+    </message>
+    <message>
+        <source>File (lossless, fill and key)</source>
+        <translation>File (lossless, fill and key)</translation>
+    </message>
+    <message>
+        <source>SRT stream (fill over black)</source>
+        <translation>SRT stream (fill over black)</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>output.mkv</source>
+        <translation>output.mkv</translation>
+    </message>
+    <message>
+        <source>Output File</source>
+        <translation>Output File</translation>
+    </message>
+    <message>
+        <source>Matroska Files (*.mkv)</source>
+        <translation>Matroska Files (*.mkv)</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgEffectSizes</name>
     <message>
         <source>Effects</source>
@@ -103,6 +174,42 @@ Recovering from the last modification.</source>
 Recovering from the last modification.</translation>
     </message>
     <message>
+        <source>O&amp;utput</source>
+        <translation>O&amp;utput</translation>
+    </message>
+    <message>
+        <source>Hardware Configuration
+Configure</source>
+        <translation>Hardware Configuration
+Configure</translation>
+    </message>
+    <message>
+        <source>Reset the graphic board
+Reset</source>
+        <translation>Reset the graphic board
+Reset</translation>
+    </message>
+    <message>
+        <source>Put colour bars and a key ramp on the output
+Test Card</source>
+        <translation>Put colour bars and a key ramp on the output
+Test Card</translation>
+    </message>
+    <message>
+        <source>Show what the output sends
+Program Monitor</source>
+        <translation>Show what the output sends
+Program Monitor</translation>
+    </message>
+    <message>
+        <source>The output %1 failed (%2); frames go to the clock-paced output.</source>
+        <translation>The output %1 failed (%2); frames go to the clock-paced output.</translation>
+    </message>
+    <message>
+        <source>To apply changes, the program must be restarted. Terminate program?</source>
+        <translation>To apply changes, the program must be restarted. Terminate program?</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -185,6 +292,10 @@ Ungroup</translation>
     <message>
         <source>Initializing docking panes...</source>
         <translation>Initializing docking panes...</translation>
+    </message>
+    <message>
+        <source>Initializing hardware....</source>
+        <translation>Initializing hardware....</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -571,6 +682,33 @@ Split into Characters</translation>
     <message>
         <source>Effects...</source>
         <translation>Effects...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CProgramMonitor</name>
+    <message>
+        <source>Program Monitor</source>
+        <translation>Program Monitor</translation>
+    </message>
+    <message>
+        <source>Checkerboard</source>
+        <translation>Checkerboard</translation>
+    </message>
+    <message>
+        <source>Colour...</source>
+        <translation>Colour...</translation>
+    </message>
+    <message>
+        <source>Picture...</source>
+        <translation>Picture...</translation>
+    </message>
+    <message>
+        <source>Monitor Background</source>
+        <translation>Monitor Background</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)</source>
+        <translation>Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)</translation>
     </message>
 </context>
 <context>

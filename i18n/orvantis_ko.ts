@@ -2,6 +2,77 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR">
 <context>
+    <name>orv::CDlgConfigDecklink</name>
+    <message>
+        <source>Hardware Configuration</source>
+        <translation>하드웨어 설정</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>장치</translation>
+    </message>
+    <message>
+        <source>Video Format</source>
+        <translation>비디오 형식</translation>
+    </message>
+    <message>
+        <source>Audio Format</source>
+        <translation>오디오 형식</translation>
+    </message>
+    <message>
+        <source>Keying</source>
+        <translation>키잉</translation>
+    </message>
+    <message>
+        <source>Internal</source>
+        <translation>내부</translation>
+    </message>
+    <message>
+        <source>External</source>
+        <translation>외부</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>출력</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>카드</translation>
+    </message>
+    <message>
+        <source>Clock only, no picture</source>
+        <translation>시계만 (화면 없음)</translation>
+    </message>
+    <message>
+        <source>Program monitor</source>
+        <translation>프로그램 모니터</translation>
+    </message>
+    <message>
+        <source>File (lossless, fill and key)</source>
+        <translation>파일 (무손실, 필과 키)</translation>
+    </message>
+    <message>
+        <source>SRT stream (fill over black)</source>
+        <translation>SRT 스트림 (검정 위의 필)</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>output.mkv</source>
+        <translation>output.mkv</translation>
+    </message>
+    <message>
+        <source>Output File</source>
+        <translation>출력 파일</translation>
+    </message>
+    <message>
+        <source>Matroska Files (*.mkv)</source>
+        <translation>Matroska 파일 (*.mkv)</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgEffectSizes</name>
     <message>
         <source>Effects</source>
@@ -103,6 +174,42 @@ Recovering from the last modification.</source>
 마지막 수정 내용으로 복구합니다.</translation>
     </message>
     <message>
+        <source>O&amp;utput</source>
+        <translation>출력(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Hardware Configuration
+Configure</source>
+        <translation>하드웨어 설정
+설정</translation>
+    </message>
+    <message>
+        <source>Reset the graphic board
+Reset</source>
+        <translation>그래픽 보드 초기화
+초기화</translation>
+    </message>
+    <message>
+        <source>Put colour bars and a key ramp on the output
+Test Card</source>
+        <translation>출력에 컬러 바와 키 램프 내보내기
+테스트 카드</translation>
+    </message>
+    <message>
+        <source>Show what the output sends
+Program Monitor</source>
+        <translation>출력으로 나가는 화면 보기
+프로그램 모니터</translation>
+    </message>
+    <message>
+        <source>The output %1 failed (%2); frames go to the clock-paced output.</source>
+        <translation>출력 %1이(가) 실패했습니다(%2). 프레임은 시계에 맞춘 출력으로 보냅니다.</translation>
+    </message>
+    <message>
+        <source>To apply changes, the program must be restarted. Terminate program?</source>
+        <translation>변경 사항을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -185,6 +292,10 @@ Ungroup</source>
     <message>
         <source>Initializing docking panes...</source>
         <translation>도킹 창을 초기화하는 중...</translation>
+    </message>
+    <message>
+        <source>Initializing hardware....</source>
+        <translation>하드웨어를 초기화하는 중....</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -571,6 +682,33 @@ Split into Characters</source>
     <message>
         <source>Effects...</source>
         <translation>효과...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CProgramMonitor</name>
+    <message>
+        <source>Program Monitor</source>
+        <translation>프로그램 모니터</translation>
+    </message>
+    <message>
+        <source>Checkerboard</source>
+        <translation>체커보드</translation>
+    </message>
+    <message>
+        <source>Colour...</source>
+        <translation>색상...</translation>
+    </message>
+    <message>
+        <source>Picture...</source>
+        <translation>그림...</translation>
+    </message>
+    <message>
+        <source>Monitor Background</source>
+        <translation>모니터 배경</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)</source>
+        <translation>그림 (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)</translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,9 @@ ORV_PACKAGES=(
     libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     libfreetype-dev libfontconfig-dev fonts-dejavu-core fonts-unfonts-core
     libgtest-dev libgmock-dev googletest libbenchmark-dev clang libclang-rt-14-dev python3
+    libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
+    gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-plugins-ugly
+    gstreamer1.0-libav
 )
 
 orv_as_root() {

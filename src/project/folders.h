@@ -18,6 +18,7 @@ struct UstFolders {
     std::filesystem::path EnvIni() const { return settingsFolder / "qrdenv.ini"; }
     std::filesystem::path DataIni() const { return settingsFolder / "qrddata.ini"; }
     std::filesystem::path ProjectIni() const { return settingsFolder / "qrdproject.ini"; }
+    std::filesystem::path BoardIni() const { return settingsFolder / "board.ini"; }
 };
 
 // What the folders are formed from. ORVANTIS_HOME, when set, replaces the

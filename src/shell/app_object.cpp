@@ -20,6 +20,7 @@ CZevrantApp::CZevrantApp() {
 }
 
 CZevrantApp::~CZevrantApp() {
+    CloseBoard();
     if (g_pApp == this) g_pApp = nullptr;
 }
 
@@ -44,9 +45,8 @@ EStartResult CZevrantApp::InitInstance(IAppHost& host, const std::filesystem::pa
     m_nLanguage = ChooseLanguage(m_folders.EnvIni(), QLocale::system());
     host.ApplyLanguage(m_nLanguage);
     m_arrStartLog.push_back("language");
-    // No output card is driven yet: the editor runs on its own frame.
-    m_pBoard = nullptr;
-    m_nBoardType = 0;
+    CreateBoard();
+    m_arrStartLog.push_back("board");
     if (!host.CreateMainFrame()) return EStartResult::FAILED;
     m_arrStartLog.push_back("frame");
     if (!host.ProcessShellCommand()) return EStartResult::FAILED;
@@ -61,15 +61,39 @@ EStartResult CZevrantApp::InitInstance(IAppHost& host, const std::filesystem::pa
     return EStartResult::STARTED;
 }
 
+// The board is ready when its canvas exists, whether or not a card
+// answered; a board that is not ready is given up at once.
+void CZevrantApp::CreateBoard() {
+    std::unique_ptr<CGBoard> board =
+        m_fnMakeBoard ? m_fnMakeBoard(m_folders) : [&]() -> std::unique_ptr<CGBoard> {
+        UstBoardOptions options = m_BoardOptions;
+        options.iniFile = m_folders.BoardIni();
+        return std::make_unique<IF_HDExtreme>(options);
+    }();
+    if (!board || !board->IsOpen()) return;
+    m_nBoardType = board->GetBoardType();
+    m_board = std::move(board);
+    m_pBoard = m_board.get();
+}
+
+void CZevrantApp::CloseBoard() {
+    m_pBoard = nullptr;
+    m_nBoardType = 0;
+    m_board.reset();
+}
+
 void CZevrantApp::ExitInstance() {
-    if (m_strProjectPath.isEmpty() || m_strWorkspacePath.isEmpty()) return;
-    const auto ini = m_folders.ProjectIni();
-    WriteProfileString(ini, "QRD_PROJECT_INI", "Workspace", m_strWorkspacePath.toStdString());
-    WriteProfileString(ini, "QRD_PROJECT_INI", "Project", m_strProjectPath.toStdString());
+    if (!m_strProjectPath.isEmpty() && !m_strWorkspacePath.isEmpty()) {
+        const auto ini = m_folders.ProjectIni();
+        WriteProfileString(ini, "QRD_PROJECT_INI", "Workspace", m_strWorkspacePath.toStdString());
+        WriteProfileString(ini, "QRD_PROJECT_INI", "Project", m_strProjectPath.toStdString());
+    }
+    CloseBoard();
 }
 
 UstSize CZevrantApp::GetFrameSize() const {
-    // A board answers for its own modes; none is driven yet.
+    if (m_pBoard && m_nBoardType >= 1 && m_nBoardType <= 6)
+        return m_pBoard->GetFrameSize(m_nPageFormat);
     return {FRAME_WIDTH_NO_BOARD, FRAME_HEIGHT_NO_BOARD};
 }
 
@@ -78,7 +102,10 @@ UstSize CZevrantApp::GetThumbSize() const {
 }
 
 UstAspect CZevrantApp::GetPixelAspect() const {
-    return AspectForHeight(GetFrameSize().cy);
+    if (!m_pBoard) return AspectForHeight(GetFrameSize().cy);
+    float x = 1.0f, y = 1.0f;
+    m_pBoard->GetPixelAspect(x, y, m_nPageFormat);
+    return {x, y};
 }
 
 UstSize CZevrantApp::ThumbSizeFor(int boardType, int pageFormat, int frameHeight) {

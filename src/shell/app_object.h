@@ -3,29 +3,26 @@
 // frame size, thumbnail size and pixel aspect for everyone.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include <QString>
 
+#include "board/hd_extreme.h"
 #include "project/folders.h"
 
 class QTranslator;
 
 namespace orv {
 
-class CGBoard;
 class CInstanceLock;
 
 inline constexpr const char* APP_NAME = "Orvantis-HD";
 inline constexpr const char* MAKER_NAME = "Tavrix";
 inline constexpr double APP_VERSION = 1.62;
 
-struct UstSize {
-    int cx = 0, cy = 0;
-    bool operator==(const UstSize&) const = default;
-};
 struct UstAspect {
     double fHorz = 1.0, fVert = 1.0;
 };
@@ -57,6 +54,12 @@ public:
 
     static CZevrantApp* Get();  // the one instance, or null
 
+    // Makes the output board at start-up. By default the card's board over
+    // board.ini in the settings folder, with the command line's options.
+    using BoardMaker = std::function<std::unique_ptr<CGBoard>(const UstFolders&)>;
+    void SetBoardMaker(BoardMaker maker) { m_fnMakeBoard = std::move(maker); }
+    void SetBoardOptions(const UstBoardOptions& options) { m_BoardOptions = options; }
+
     // lockFile empty: the default lock path. programFolder: where the program
     // file lies. systemLocale: the user's locale name, as QLocale takes it.
     EStartResult InitInstance(IAppHost& host, const std::filesystem::path& programFolder,
@@ -86,6 +89,12 @@ public:
     std::vector<std::string> m_arrStartLog;
 
 private:
+    void CreateBoard();
+    void CloseBoard();
+
+    BoardMaker m_fnMakeBoard;
+    UstBoardOptions m_BoardOptions;
+    std::unique_ptr<CGBoard> m_board;
     UstFolders m_folders;
     uint16_t m_nLanguage = 9;
     std::unique_ptr<CInstanceLock> m_pLock;

@@ -1,5 +1,7 @@
 #include "shell/frame_rules.h"
 
+#include "board/gboard.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -38,6 +40,13 @@ UstOptionsOutcome ApplyOptions(UstEnv& frame, const UstEnv& programCopy, const U
         out.bAskRestart = true;
     }
     return out;
+}
+
+QString StatusModeName(const CGBoard* board, int projectWidth) {
+    if (board) return board->GetModeName();
+    if (projectWidth == 640) return "NTSC 720 x 480";
+    if (projectWidth == 1920) return "HD 1920 x 1080";
+    return {};
 }
 
 }  // namespace orv

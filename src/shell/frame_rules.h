@@ -10,6 +10,8 @@
 
 namespace orv {
 
+class CGBoard;
+
 // Nothing is saved on air, and nothing when auto-save is off.
 bool ShouldAutoSave(const UstEnv& env, int playState);
 
@@ -27,5 +29,10 @@ struct UstOptionsOutcome {
 // for the backdrop image path.
 UstOptionsOutcome ApplyOptions(UstEnv& frame, const UstEnv& programCopy, const UstEnv& editCopy,
                                const std::function<bool(const QString&)>& fileExists);
+
+// The status bar's field for the format: the board's mode name; without a
+// board the project's old names, "NTSC 720 x 480" for a 640-wide frame and
+// "HD 1920 x 1080" for a 1920-wide one, nothing for other widths.
+QString StatusModeName(const CGBoard* board, int projectWidth);
 
 }  // namespace orv

@@ -48,8 +48,8 @@ constexpr UstStatusPane STATUS_PANES[] = {{100, 100}, {101, 50}, {102, 100}, {5,
 
 }  // namespace
 
-CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language)
-    : m_folders(folders), m_nLanguage(language) {
+CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* board)
+    : m_folders(folders), m_nLanguage(language), m_pBoard(board) {
     setObjectName("MainFrame");
     LoadDefaultAttr(m_folders.DataIni(), m_DefaultAttr, DefaultGuiFaceName());
     LoadEnv(m_folders.EnvIni(), m_Env, language);
@@ -63,6 +63,7 @@ CMainFrame::~CMainFrame() {
     // The engine, the automatic play-out window and the style lists join this
     // order as they arrive; the settings are written last, and only here, so
     // that a program that dies keeps those of its last proper exit.
+    DetachBoard();
     m_PreviewImage.clear();
     SaveDefaultAttr(m_folders.DataIni(), m_DefaultAttr);
     SaveEnv(m_folders.EnvIni(), m_Env);
@@ -90,6 +91,12 @@ bool CMainFrame::OnCreate() {
     CreatePanes();
     RestoreInterfaceState();
     LoadSkin();
+    if (m_pBoard) {
+        m_pSplash->SetStatus(tr("Initializing hardware...."));
+        m_pBoard->Reserved1();  // the board's late initialisation
+        AttachBoard();
+    }
+    ShowModeName();
 
     delete m_pSplash;
     m_pSplash = nullptr;
@@ -126,6 +133,7 @@ void CMainFrame::CreateCommandBars() {
     CreatePageMenu();
     CreateTextMenu();
     CreateShapeMenu();
+    CreateBoardMenu();
     CreateInsertMenu();
     QToolBar* bar = addToolBar(tr("Standard"));
     bar->setObjectName("StandardBar");

@@ -19,6 +19,8 @@ class QMdiArea;
 
 namespace orv {
 
+class CGBoard;
+class CProgramMonitor;
 class CSplashScreenEx;
 class CZevrantDoc;
 class CZevrantView;
@@ -28,7 +30,8 @@ class CZevrantView;
 class CMainFrame : public QMainWindow {
     Q_OBJECT
 public:
-    CMainFrame(const UstFolders& folders, uint16_t language);
+    // board: the output board, or null; not owned.
+    CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* board = nullptr);
     ~CMainFrame() override;
 
     // The window work of creation, in its order. False ends start-up.
@@ -54,6 +57,17 @@ public:
     void ExportPageToTga();
     // Writes the active page to a TGA file; false with nothing written on failure.
     bool ExportPageTo(const QString& file);
+
+    // The output menu's commands: Hardware Configuration (757), Reset the
+    // graphic board (758), the test card, the program monitor.
+    void OnHardwareConfiguration();
+    void OnResetBoard();
+    void ShowProgramMonitor(bool show);
+    void SendTestCard(bool on);
+    CProgramMonitor* ProgramMonitor() const { return m_pMonitor; }
+    // An output that failed and gave way to the clock: said once in the
+    // status bar and in the log.
+    Q_INVOKABLE void OnOutputFailure(const QString& output, const QString& reason);
 
     Q_INVOKABLE void OnPlayNotify(int what, int arg);
     Q_INVOKABLE void OnAttrChanged();
@@ -83,6 +97,10 @@ private:
     void CreatePageMenu();
     void CreateTextMenu();
     void CreateShapeMenu();
+    void CreateBoardMenu();
+    void AttachBoard();
+    void DetachBoard();
+    void ShowModeName();
     void CreateInsertMenu();
     void InsertPictureFile(uint32_t command);
     void ChoosePictureAlpha();
@@ -104,6 +122,9 @@ private:
 
     UstFolders m_folders;
     uint16_t m_nLanguage;
+    CGBoard* m_pBoard;
+    CProgramMonitor* m_pMonitor = nullptr;
+    QAction* m_pMonitorAction = nullptr;
     CSplashScreenEx* m_pSplash = nullptr;
     QMdiArea* m_pMdi = nullptr;
     QTimer m_timer;

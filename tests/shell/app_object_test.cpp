@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "board/test_board.h"
 #include "shell/app_object.h"
+#include "shell/frame_rules.h"
 #include "shell/instance_lock.h"
 #include "test_util.h"
 
@@ -57,8 +60,6 @@ TEST_F(AppStart, StepsRunInTheirOrder) {
     EXPECT_EQ(host.calls, expected);
     EXPECT_EQ(app.m_bStarted, 1);
     EXPECT_EQ(app.m_nPageFormat, 0);
-    EXPECT_EQ(app.m_pBoard, nullptr);
-    EXPECT_EQ(app.m_nBoardType, 0);
     EXPECT_TRUE(std::filesystem::is_directory(app.Folders().workspacesFolder));
     EXPECT_EQ(CZevrantApp::Get(), &app);
 }
@@ -93,6 +94,56 @@ TEST_F(AppStart, ExitWritesTheLastProjectOnlyWhenThereIsOne) {
     app.ExitInstance();
     EXPECT_EQ(test::ReadFile(app.Folders().ProjectIni()),
               "[QRD_PROJECT_INI]\r\nWorkspace=/w\r\nProject=/w/p/project.qrdprj\r\n");
+}
+
+// Without a card the board still opens: the editor runs exactly as on one.
+TEST_F(AppStart, BoardOpensWithoutACardAndClosesAtExit) {
+    CZevrantApp app;
+    CRecordingHost host;
+    UstBoardOptions options;
+    CfgVideo pal;
+    ASSERT_TRUE(ModeByShortName("pal", pal));
+    options.mode = pal;  // for this run only
+    app.SetBoardOptions(options);
+    ASSERT_EQ(app.InitInstance(host, "/opt/orv", Lock()), EStartResult::STARTED);
+    ASSERT_NE(app.m_pBoard, nullptr);
+    EXPECT_EQ(app.m_nBoardType, 6);
+    EXPECT_EQ(app.GetFrameSize(), (UstSize{720, 576}));
+    EXPECT_DOUBLE_EQ(app.GetPixelAspect().fVert, 1.2f);
+    EXPECT_EQ(app.GetThumbSize(), (UstSize{300, 225}));
+    const auto log = app.m_arrStartLog;
+    EXPECT_LT(std::find(log.begin(), log.end(), "board"),
+              std::find(log.begin(), log.end(), "frame"));
+    const auto ini = app.Folders().BoardIni();
+    EXPECT_FALSE(std::filesystem::exists(ini));
+    app.ExitInstance();
+    EXPECT_EQ(app.m_pBoard, nullptr);
+    UstBoardRecord rec = DefaultBoardRecord();
+    ASSERT_TRUE(LoadBoardRecord(ini, rec));
+    EXPECT_EQ(rec.nHeight, 1080);
+}
+
+TEST_F(AppStart, BoardThatIsNotReadyIsGivenUp) {
+    CZevrantApp app;
+    CRecordingHost host;
+    app.SetBoardMaker([](const UstFolders&) {
+        auto board = std::make_unique<CTestBoard>(MakeVideoMode(1280, 720, 200000));
+        board->Close();  // its canvas is gone: not ready
+        return board;
+    });
+    ASSERT_EQ(app.InitInstance(host, "/opt/orv", Lock()), EStartResult::STARTED);
+    EXPECT_EQ(app.m_pBoard, nullptr);
+    EXPECT_EQ(app.m_nBoardType, 0);
+    EXPECT_EQ(app.GetFrameSize(), (UstSize{1920, 1080}));
+    EXPECT_EQ(StatusModeName(app.m_pBoard, 1920), "HD 1920 x 1080");
+}
+
+TEST(StatusMode, BoardNameOrTheProjectsOldName) {
+    CTestBoard hd720(MakeVideoMode(1280, 720, 200000));
+    EXPECT_EQ(StatusModeName(&hd720, 1920), "HD 1280 x 720");
+    EXPECT_EQ(StatusModeName(nullptr, 640), "NTSC 720 x 480");
+    EXPECT_EQ(StatusModeName(nullptr, 1920), "HD 1920 x 1080");
+    EXPECT_EQ(StatusModeName(nullptr, 720), "");
 }
 
 TEST(InstanceLock, OneHolderAtATime) {

@@ -1,0 +1,126 @@
+#include "board/canvas.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+namespace orv {
+
+namespace {
+
+// One row of n pixels from column x, continuing at column 0 past the edge.
+void PutRow(uint32_t* canvas, int x, int y, const uint32_t* src, int n) {
+    uint32_t* row = CanvasPixel(canvas, 0, y);
+    x &= CANVAS_MASK;
+    while (n > 0) {
+        const int run = std::min(n, CANVAS_SIZE - x);
+        std::memcpy(row + x, src, static_cast<size_t>(run) * 4);
+        src += run;
+        n -= run;
+        x = 0;
+    }
+}
+
+void FillRow(uint32_t* canvas, int x, int y, uint32_t value, int n) {
+    uint32_t* row = CanvasPixel(canvas, 0, y);
+    x &= CANVAS_MASK;
+    while (n > 0) {
+        const int run = std::min(n, CANVAS_SIZE - x);
+        std::fill_n(row + x, run, value);
+        n -= run;
+        x = 0;
+    }
+}
+
+// The integer run between two points: ends swapped so that the driving axis
+// increases, error 2d - D, the end point included. put(x, y) per pixel.
+template <typename Put>
+void SlantRun(int x1, int y1, int x2, int y2, Put put) {
+    if (x1 == x2) {
+        if (y1 > y2) std::swap(y1, y2);
+        for (int y = y1; y <= y2; ++y)
+            put(x1, y);
+        return;
+    }
+    if (y1 == y2) {
+        if (x1 > x2) std::swap(x1, x2);
+        for (int x = x1; x <= x2; ++x)
+            put(x, y1);
+        return;
+    }
+    const int spanX = std::abs(x2 - x1), spanY = std::abs(y2 - y1);
+    const bool yDrives = spanX < spanY;
+    if (yDrives ? y1 > y2 : x1 > x2) {
+        std::swap(x1, x2);
+        std::swap(y1, y2);
+    }
+    const int big = yDrives ? spanY : spanX, small = yDrives ? spanX : spanY;
+    const int otherStep = yDrives ? (x2 > x1 ? 1 : -1) : (y2 > y1 ? 1 : -1);
+    int err = 2 * small - big;
+    int x = x1, y = y1;
+    for (int i = 0; i <= big; ++i) {
+        put(x, y);
+        if (err > 0) {
+            err += 2 * (small - big);
+            (yDrives ? x : y) += otherStep;
+        } else {
+            err += 2 * small;
+        }
+        (yDrives ? y : x) += 1;
+    }
+}
+
+}  // namespace
+
+void CanvasCopyRect(uint32_t* canvas, int dx, int dy, int srcStride, int srcX, int srcY, int w,
+                    int h, const uint32_t* src) {
+    if (!canvas || !src || w < 1 || h < 1) return;
+    for (int r = 0; r < h; ++r)
+        PutRow(canvas, dx, dy + r, src + static_cast<ptrdiff_t>(srcY + r) * srcStride + srcX, w);
+}
+
+void CanvasFillRect(uint32_t* canvas, int dx, int dy, int w, int h, uint32_t value) {
+    if (!canvas || w < 1 || h < 1) return;
+    for (int r = 0; r < h; ++r)
+        FillRow(canvas, dx, dy + r, value, w);
+}
+
+void CanvasCopyLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int srcStride, int srcX,
+                    int srcY, const uint32_t* src) {
+    if (!canvas || !src) return;
+    const uint32_t* from = src + static_cast<ptrdiff_t>(srcY) * srcStride + srcX;
+    if (x1 == x2) {
+        for (int y = y1; y <= y2; ++y, from += srcStride)
+            *CanvasPixel(canvas, x1, y) = *from;
+    } else if (y1 == y2 && x1 <= x2) {
+        PutRow(canvas, x1, y1, from, x2 - x1 + 1);
+    }
+}
+
+void CanvasFillLine(uint32_t* canvas, int x1, int y1, int x2, int y2, uint32_t value) {
+    if (!canvas) return;
+    if (x1 == x2) {
+        for (int y = y1; y <= y2; ++y)
+            *CanvasPixel(canvas, x1, y) = value;
+    } else if (y1 == y2 && x1 <= x2) {
+        FillRow(canvas, x1, y1, value, x2 - x1 + 1);
+    }
+}
+
+void CanvasCopySlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
+                         int srcStride, const uint32_t* src) {
+    if (!canvas || !src) return;
+    SlantRun(x1, y1, x2, y2, [&](int x, int y) {
+        *CanvasPixel(canvas, offX + x, offY + y) = src[static_cast<ptrdiff_t>(y) * srcStride + x];
+    });
+}
+
+void CanvasFillSlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
+                         uint32_t value) {
+    if (!canvas) return;
+    SlantRun(x1, y1, x2, y2,
+             [&](int x, int y) { *CanvasPixel(canvas, offX + x, offY + y) = value; });
+}
+
+}  // namespace orv

@@ -1,0 +1,53 @@
+#pragma once
+// The wrapping output canvas: 4096 x 4096 pixels in which a column wraps at
+// the right edge and a row at the bottom. Transitions write into it with the
+// primitives below; the playout thread copies the view at the origin out.
+
+#include <cstddef>
+#include <cstdint>
+
+namespace orv {
+
+inline constexpr int CANVAS_SIZE = 4096;
+inline constexpr int CANVAS_MASK = CANVAS_SIZE - 1;
+inline constexpr size_t CANVAS_PIXELS = static_cast<size_t>(CANVAS_SIZE) * CANVAS_SIZE;
+
+inline uint32_t* CanvasPixel(uint32_t* canvas, int x, int y) {
+    return canvas + (static_cast<size_t>(y & CANVAS_MASK) << 12) + (x & CANVAS_MASK);
+}
+
+// The drawing primitives. Every target position wraps; a null canvas, an
+// empty extent or a line that is neither horizontal nor vertical (for the
+// straight runs) writes nothing.
+void CanvasCopyRect(uint32_t* canvas, int dx, int dy, int srcStride, int srcX, int srcY, int w,
+                    int h, const uint32_t* src);
+void CanvasFillRect(uint32_t* canvas, int dx, int dy, int w, int h, uint32_t value);
+void CanvasCopyLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int srcStride, int srcX,
+                    int srcY, const uint32_t* src);
+void CanvasFillLine(uint32_t* canvas, int x1, int y1, int x2, int y2, uint32_t value);
+void CanvasCopySlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
+                         int srcStride, const uint32_t* src);
+void CanvasFillSlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
+                         uint32_t value);
+
+// The part of the canvas that is on air: width x height from the origin.
+struct UstView {
+    const uint32_t* canvas = nullptr;
+    int nOriginX = 0, nOriginY = 0;
+    int nWidth = 0, nHeight = 0;
+};
+
+// Frames are top row first with a stride of width pixels.
+void CopyFrame(uint32_t* dst, const UstView& view);
+// The view rows i with (i AND 1) different from selector. The count of i
+// starts again at 0 where the view crosses the canvas's last row.
+void CopyField(uint32_t* dst, const UstView& view, int selector);
+// The rows of a held field whose line number counted from the bottom of the
+// frame has the given parity, copied to the same rows.
+void CopyHeld(uint32_t* dst, const uint32_t* held, int width, int height, int parity);
+
+// Every byte of every pixel times level / 255, rounded: the whole-frame key
+// gain applied to a premultiplied frame for outputs that have no keyer.
+void ScaleFrameByLevel(uint32_t* frame, size_t pixels, int level);
+
+}  // namespace orv
