@@ -11,14 +11,15 @@
 
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
 
+#include "media/ani32_codec.h"
 #include "media/ani32_player.h"
 #include "media/ani32_writer.h"
-#include "media/ani32_codec.h"
 #include "media/qrdani_player.h"
 
 namespace {
@@ -69,7 +70,8 @@ void MakeSamples(UstSamples& s) {
         LogoFrame(i, frame);
         const auto t0 = std::chrono::steady_clock::now();
         writer.WriteFrame(i, frame.data());
-        s.encodeSeconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+        s.encodeSeconds +=
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
         // The picture, then its key: the alpha in every byte of a pixel.
         std::memcpy(wide.data(), frame.data(), PIXELS * 4);
         for (size_t p = 0; p < PIXELS; ++p)
@@ -96,10 +98,18 @@ UstSamples& Samples() {
     return samples;
 }
 
+// The last frame must come back as it was drawn, or the figure is no use.
+bool DecodesExactly(MediaPlayer& player) {
+    std::vector<uint32_t> want(PIXELS);
+    LogoFrame(FRAMES - 1, want);
+    const uint32_t* got = player.ReadFrame(FRAMES - 1);
+    return got && std::equal(want.begin(), want.end(), got);
+}
+
 // Frames per second over all frames, the best of three passes, as a
 // multiple of 30.
 double DecodeRatio(MediaPlayer& player) {
-    bool ok = true;
+    bool ok = DecodesExactly(player);
     const double seconds = BestSeconds(
         [&] {
             for (int i = 0; i < FRAMES; ++i)

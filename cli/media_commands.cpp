@@ -4,8 +4,8 @@
 #include <QFileInfo>
 #include <QImage>
 
-#include <cstdio>
 #include <unistd.h>
+#include <cstdio>
 
 #include "media/ani_check.h"
 #include "media/avi_player.h"
@@ -125,7 +125,8 @@ int AniInfo(const std::vector<QString>& args) {
     }
     auto player = CreateMediaPlayer(args[0]);
     if (!player) {
-        std::fprintf(stderr, "orvantis-cli ani-info: %s: not an animation or video file that opens\n",
+        std::fprintf(stderr,
+                     "orvantis-cli ani-info: %s: not an animation or video file that opens\n",
                      Local(args[0]).constData());
         return FAILED;
     }
@@ -144,7 +145,8 @@ int AniFrame(const std::vector<QString>& args) {
     }
     auto player = CreateMediaPlayer(args[0]);
     if (!player) {
-        std::fprintf(stderr, "orvantis-cli ani-frame: %s: not an animation or video file that opens\n",
+        std::fprintf(stderr,
+                     "orvantis-cli ani-frame: %s: not an animation or video file that opens\n",
                      Local(args[0]).constData());
         return FAILED;
     }

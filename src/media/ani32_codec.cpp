@@ -70,7 +70,8 @@ size_t EncodeAni32Rows(const uint32_t* block, int width, int height, uint8_t* ou
 }
 
 uint64_t MinimumAni32FrameBytes(uint32_t width, uint32_t height) {
-    const uint64_t packetsPerRow = (uint64_t{width} + ANI32_PACKET_PIXELS - 1) / ANI32_PACKET_PIXELS;
+    const uint64_t packetsPerRow =
+        (uint64_t{width} + ANI32_PACKET_PIXELS - 1) / ANI32_PACKET_PIXELS;
     return uint64_t{height} * std::max<uint64_t>(packetsPerRow, 1) * ANI32_MIN_PACKET_BYTES;
 }
 

@@ -30,8 +30,8 @@ void MarkOverlaps(const std::vector<uint32_t>& offsets, std::vector<UstRecordSpa
         const auto before = std::lower_bound(
             whole.begin(), whole.end(), uint64_t{offsets[i]},
             [](const UstRecordSpan& s, uint64_t start) { return s.start < start; });
-        if (before != whole.begin() && reach[static_cast<size_t>(before - whole.begin()) - 1] >
-                                           offsets[i])
+        if (before != whole.begin() &&
+            reach[static_cast<size_t>(before - whole.begin()) - 1] > offsets[i])
             records[i] = EFrameRecord::OVERLAPS;
     }
 }

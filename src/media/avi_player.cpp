@@ -57,8 +57,8 @@ void ConvertRow(const AVFrame* frame, int y, int width, uint32_t* out) {
         case AV_PIX_FMT_RGB565LE: {
             const int greenBits = frame->format == AV_PIX_FMT_RGB555LE ? 5 : 6;
             for (int x = 0; x < width; ++x)
-                out[x] = From16(static_cast<uint16_t>(src[2 * x] | (src[2 * x + 1] << 8)),
-                                greenBits);
+                out[x] =
+                    From16(static_cast<uint16_t>(src[2 * x] | (src[2 * x + 1] << 8)), greenBits);
             break;
         }
         default: {  // AV_PIX_FMT_PAL8
@@ -200,9 +200,9 @@ int AVIPlayer::ReadFrameTo(int index, uint32_t* out) {
 
 bool AVIPlayer::ConvertByScaler(const AVFrame* frame, uint32_t* out) {
     const auto format = static_cast<AVPixelFormat>(frame->format);
-    m_pScaler = sws_getCachedContext(m_pScaler, frame->width, frame->height, format,
-                                     m_info.nWidth, m_info.nHeight, AV_PIX_FMT_BGRA, SWS_BILINEAR,
-                                     nullptr, nullptr, nullptr);
+    m_pScaler = sws_getCachedContext(m_pScaler, frame->width, frame->height, format, m_info.nWidth,
+                                     m_info.nHeight, AV_PIX_FMT_BGRA, SWS_BILINEAR, nullptr,
+                                     nullptr, nullptr);
     if (!m_pScaler) return false;
     uint8_t* planes[4] = {reinterpret_cast<uint8_t*>(out), nullptr, nullptr, nullptr};
     const int strides[4] = {m_info.nWidth * 4, 0, 0, 0};
@@ -309,7 +309,8 @@ bool AVIPlayer::NextFrame() {
     }
     for (;;) {
         const int received = avcodec_receive_frame(m_pCodec, m_pWork);
-        if (received == 0 && (m_pWork->decode_error_flags || (m_pWork->flags & AV_FRAME_FLAG_CORRUPT)))
+        if (received == 0 &&
+            (m_pWork->decode_error_flags || (m_pWork->flags & AV_FRAME_FLAG_CORRUPT)))
             continue;  // a damaged frame is no frame
         if (received == 0) {
             if (!m_bTimestamps)

@@ -39,8 +39,8 @@ size_t CMediaFile::ReadAt(uint64_t position, void* dst, size_t count) const {
     size_t done = 0;
     auto* out = static_cast<uint8_t*>(dst);
     while (done < count) {
-        const ssize_t got = ::pread(m_nFd, out + done, count - done,
-                                    static_cast<off_t>(position + done));
+        const ssize_t got =
+            ::pread(m_nFd, out + done, count - done, static_cast<off_t>(position + done));
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) break;
         done += static_cast<size_t>(got);

@@ -58,7 +58,8 @@ bool CopyToObjectFolder(const QString& source, QString& outName, const QString& 
     const QDir folder(objectFolder);
     if (!folder.exists() && !QDir().mkpath(objectFolder)) return false;
     QString name = info.fileName();
-    if (QFileInfo::exists(folder.filePath(name))) name = FreeTimestampName(objectFolder, info.suffix());
+    if (QFileInfo::exists(folder.filePath(name)))
+        name = FreeTimestampName(objectFolder, info.suffix());
     if (name.isEmpty() || !QFile::copy(source, folder.filePath(name))) return false;
     links.Record(source, folder.filePath(name));
     outName = name;

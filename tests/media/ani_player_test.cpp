@@ -150,8 +150,8 @@ TEST(Ani32Player, ARecordCutByTheFileEndDecodesAsFarAsItGoes) {
 // 1 x 1, one frame of 8 bytes. Lengths 1, 2, 2 for symbols 0, 1, 2 give
 // 0 = 1, 1 = 01, 2 = 00; the bytes 0 1 2 0 0 1 2 2.
 Bytes OneFrameQrdAni(uint32_t half = 4) {
-    Bytes table = Nibbles({1, 2, 2, 0, 0, 0, 15, 15, 13, 0, 0, 15, 15, 13, 0, 0, 15, 15, 13, 0, 0,
-                           15, 15, 13, 0, 0, 15, 15, 13, 0, 0, 15, 15});
+    Bytes table = Nibbles({1,  2,  2, 0, 0,  0,  15, 15, 13, 0,  0,  15, 15, 13, 0,  0, 15,
+                           15, 13, 0, 0, 15, 15, 13, 0,  0,  15, 15, 13, 0,  0,  15, 15});
     Append(table, Bits("1 01 00 1 1 01 00 00"));
     Bytes b = test::AniHeader(1, 1, 1, {24});
     Put32(b, half);

@@ -99,9 +99,8 @@ TEST_F(VideoFiles, ReorderedFramesByTheirPresentationOrder) {
         test::UstVideoSpec spec{"libx264rgb", AV_PIX_FMT_BGR0, W, H, FRAMES};
         spec.gop = 6;
         spec.bFrames = 2;
-        spec.options = {{"preset", "veryfast"},
-                        {"qp", "1"},
-                        {"x264-params", "bframes=2:b-adapt=0:scenecut=0"}};
+        spec.options = {
+            {"preset", "veryfast"}, {"qp", "1"}, {"x264-params", "bframes=2:b-adapt=0:scenecut=0"}};
         if (!test::WriteVideo(file, spec, FillBgr0)) GTEST_SKIP() << "no libx264rgb encoder";
         auto inOrder = CreateMediaPlayer(QString::fromStdString(file));
         auto atRandom = CreateMediaPlayer(QString::fromStdString(file));
@@ -124,7 +123,7 @@ TEST_F(VideoFiles, SixteenBitWhiteBecomesF8) {
             auto* row = reinterpret_cast<uint16_t*>(f->data[0] + y * f->linesize[0]);
             for (int x = 0; x < W; ++x)
                 row[x] = x < W / 2 ? 0x7FFF : 0x7C00;  // white, red
-            row[0] = static_cast<uint16_t>(i);           // blue of the frame's number
+            row[0] = static_cast<uint16_t>(i);         // blue of the frame's number
         }
     };
     ASSERT_TRUE(test::WriteVideo(file, {"zmbv", AV_PIX_FMT_RGB555LE, W, H, 4}, fill));

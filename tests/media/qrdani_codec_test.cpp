@@ -30,8 +30,8 @@ constexpr int ZERO_ROUND[] = {13, 0, 0, 15, 15};
 
 TEST(QrdTable, NibblesZeroZeroFiveGiveSevenZeros) {
     // 0, 0 (two read), 5 copies; then 3; then zeros, repeated to 256.
-    const Bytes b = Nibbles({0, 0, 5, 3, 0, 0, 0, 15, 15, 13, 0, 0, 15, 15, 13, 0, 0, 15, 15, 13,
-                             0, 0, 15, 15, 13, 0, 0, 15, 15, 13, 0, 0, 15, 15});
+    const Bytes b = Nibbles({0,  0,  5,  3, 0, 0,  0,  15, 15, 13, 0,  0,  15, 15, 13, 0,  0,
+                             15, 15, 13, 0, 0, 15, 15, 13, 0,  0,  15, 15, 13, 0,  0,  15, 15});
     const UstTable t = Unpack(b);
     for (int i = 0; i < 7; ++i)
         EXPECT_EQ(t.lengths[i], 0) << i;
@@ -46,8 +46,8 @@ TEST(QrdTable, EscapesSetABaseThatStays) {
     // 14,13: base 13 and a digit 13 (an escape value is never a length by
     // itself, and the nibble after one is always a digit): 26. 13,0 goes
     // back to base 0 for the zeros.
-    Bytes b = Nibbles({15, 0, 1, 14, 13, 13, 0, 0, 0, 15, 15, 13, 0, 0, 15, 15, 13, 0, 0, 15, 15,
-                       13, 0, 0, 15, 15, 13, 0, 0, 15, 15, 13, 0, 0, 15, 15});
+    Bytes b = Nibbles({15, 0,  1,  14, 13, 13, 0,  0,  0,  15, 15, 13, 0,  0,  15, 15, 13, 0,
+                       0,  15, 15, 13, 0,  0,  15, 15, 13, 0,  0,  15, 15, 13, 0,  0,  15, 15});
     const UstTable t = Unpack(b);
     EXPECT_EQ(t.lengths[0], 26);
     EXPECT_EQ(t.lengths[1], 27);
@@ -62,8 +62,8 @@ TEST(QrdTable, ARepeatCountIsReadEvenAfterTheLastLength) {
     // Zeros to 253 (the first after an escape 13), then 2, 2, 2: the third
     // 2 is the 256th length and its count, 0, is still read. 35 nibbles
     // take 18 bytes; without the count the stream would start a byte early.
-    const Bytes b = Nibbles({13, 0, 0, 15, 15, 13, 0, 0, 15, 15, 13, 0, 0, 15, 15, 13, 0, 0, 15,
-                             15, 13, 0, 0, 15, 15, 13, 0, 0, 15, 10, 13, 2, 2, 2, 0});
+    const Bytes b = Nibbles({13, 0,  0,  15, 15, 13, 0,  0,  15, 15, 13, 0,  0,  15, 15, 13, 0, 0,
+                             15, 15, 13, 0,  0,  15, 15, 13, 0,  0,  15, 10, 13, 2,  2,  2,  0});
     const UstTable t = Unpack(b);
     EXPECT_EQ(t.lengths[252], 0);
     EXPECT_EQ(t.lengths[253], 2);
@@ -72,8 +72,8 @@ TEST(QrdTable, ARepeatCountIsReadEvenAfterTheLastLength) {
 }
 
 TEST(QrdTable, BytesEndingInsideTheTableGiveNothing) {
-    EXPECT_EQ(Unpack(Nibbles({0, 0})).bytes, 0u);        // the count is missing
-    EXPECT_EQ(Unpack(Nibbles({3, 13})).bytes, 0u);       // an escape with no digit
+    EXPECT_EQ(Unpack(Nibbles({0, 0})).bytes, 0u);          // the count is missing
+    EXPECT_EQ(Unpack(Nibbles({3, 13})).bytes, 0u);         // an escape with no digit
     EXPECT_EQ(Unpack(Nibbles({0, 0, 15, 15})).bytes, 0u);  // 43 of 256
 }
 
@@ -123,7 +123,7 @@ TEST(QrdCode, TablesThatMakeNoPrefixCodeAreRefused) {
     EXPECT_FALSE(code.Build(Lengths({33}).data()));
     EXPECT_TRUE(code.Build(Lengths({32}).data()));
     EXPECT_TRUE(code.Build(Lengths({0, 0, 0, 0, 0, 1}).data()));  // one symbol, half the codes
-    EXPECT_TRUE(code.Build(Lengths({}).data()));                     // none at all
+    EXPECT_TRUE(code.Build(Lengths({}).data()));                  // none at all
 }
 
 Bytes Decode(const std::vector<uint8_t>& lengths, const Bytes& in, size_t length, int* result) {

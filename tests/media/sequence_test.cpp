@@ -63,8 +63,8 @@ TEST(Ani32Writer, FramesNeverWrittenKeepOffsetZero) {
     EXPECT_EQ(writer.FramesWritten(), 2);
     ASSERT_TRUE(writer.Finish());
     const Bytes b = FileBytes(path);
-    EXPECT_EQ(Word(b, 12), 32u);          // 12 + 3 * 4 + 8
-    EXPECT_EQ(Word(b, 16), 0u);           // frame 1
+    EXPECT_EQ(Word(b, 12), 32u);           // 12 + 3 * 4 + 8
+    EXPECT_EQ(Word(b, 16), 0u);            // frame 1
     EXPECT_EQ(Word(b, 20), 32u + 4 + 10);  // after frame 0's size and two packets
     CAni32Writer none;
     EXPECT_FALSE(none.Create(dir.filePath("z.ani32"), 0, 1, 1));
@@ -100,9 +100,10 @@ TEST(Sequence, AFrameOfAnotherSizeIsLeftOut) {
     SavePng(folder + "s2.png", Picture(4, 2, 1), 4, 2);
     ASSERT_TRUE(WriteTga32(Picture(3, 2, 2).data(), 3, 2, (folder + "s3.tga").toStdString()));
     Recorder progress;
-    const QString name = ConvertSequenceToAni32({"s1.png", "s2.png", "s3.tga"}, folder,
-                                                dir.path(), &progress);
-    EXPECT_TRUE(QRegularExpression("^\\d{17}\\.ANI32$").match(name).hasMatch()) << name.toStdString();
+    const QString name =
+        ConvertSequenceToAni32({"s1.png", "s2.png", "s3.tga"}, folder, dir.path(), &progress);
+    EXPECT_TRUE(QRegularExpression("^\\d{17}\\.ANI32$").match(name).hasMatch())
+        << name.toStdString();
     const Bytes b = FileBytes(dir.filePath(name));
     ASSERT_GE(b.size(), 32u);
     EXPECT_EQ(Word(b, 0), 3u);  // the list's count, not the frames written
@@ -143,15 +144,15 @@ TEST(Sequence, OneFileMakesOneFrame) {
 TEST(Sequence, NoSizeOrNoFileLeavesNothing) {
     QTemporaryDir dir;
     test::WriteFile(test::TempPath(dir, "bad.png"), "not a picture");
-    EXPECT_EQ(WriteSequenceAni32({"bad.png"}, dir.path() + "/", dir.filePath("x.ani32"), nullptr)
-                  .result,
-              ESequenceResult::NO_SIZE);
+    EXPECT_EQ(
+        WriteSequenceAni32({"bad.png"}, dir.path() + "/", dir.filePath("x.ani32"), nullptr).result,
+        ESequenceResult::NO_SIZE);
     EXPECT_FALSE(QFile::exists(dir.filePath("x.ani32")));
     EXPECT_EQ(ConvertSequenceToAni32({}, dir.path() + "/", dir.path(), nullptr), QString());
     SavePng(dir.filePath("a.png"), Picture(2, 2, 0), 2, 2);
-    EXPECT_EQ(WriteSequenceAni32({"a.png"}, dir.path() + "/", dir.filePath("no/x.ani32"), nullptr)
-                  .result,
-              ESequenceResult::CANNOT_CREATE);
+    EXPECT_EQ(
+        WriteSequenceAni32({"a.png"}, dir.path() + "/", dir.filePath("no/x.ani32"), nullptr).result,
+        ESequenceResult::CANNOT_CREATE);
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList({"a.png", "bad.png"}));
 }
 
@@ -163,14 +164,13 @@ TEST(SequenceFiles, PlayOrderByTheNumberInTheName) {
     EXPECT_TRUE(IsSequenceImage("x.Tga"));
     EXPECT_FALSE(IsSequenceImage("x.jpg"));
     QTemporaryDir dir;
-    for (const char* name : {"f1.png", "f10.png", "f9.png", "g2.png", "f3.tga", "f4_b.png",
-                             "notes.txt", "f.png"})
+    for (const char* name :
+         {"f1.png", "f10.png", "f9.png", "g2.png", "f3.tga", "f4_b.png", "notes.txt", "f.png"})
         test::WriteFile(test::TempPath(dir, name), "");
     EXPECT_EQ(SequenceAround(dir.filePath("f9.png")), QStringList({"f1.png", "f9.png", "f10.png"}));
     EXPECT_EQ(SequenceAround(dir.filePath("f.png")), QStringList({"f.png"}));
-    EXPECT_EQ(SequenceInFolder(dir.path()),
-              QStringList({"f1.png", "g2.png", "f3.tga", "f4_b.png", "f9.png", "f10.png",
-                           "f.png"}));
+    EXPECT_EQ(SequenceInFolder(dir.path()), QStringList({"f1.png", "g2.png", "f3.tga", "f4_b.png",
+                                                         "f9.png", "f10.png", "f.png"}));
 }
 
 TEST(AniCheck, EachFrameRecordIsJudged) {
@@ -186,11 +186,10 @@ TEST(AniCheck, EachFrameRecordIsJudged) {
     const UstAniFileCheck c = CheckAnimationFile(dir.filePath("c.ani32"));
     ASSERT_TRUE(c.bReadable);
     EXPECT_EQ(c.nFrames, 7u);
-    EXPECT_EQ(c.records,
-              (std::vector<EFrameRecord>{EFrameRecord::GOOD, EFrameRecord::GOOD,
-                                         EFrameRecord::SKIPPED, EFrameRecord::IN_HEADER,
-                                         EFrameRecord::OVERLAPS, EFrameRecord::PAST_END,
-                                         EFrameRecord::CUT_SHORT}));
+    EXPECT_EQ(c.records, (std::vector<EFrameRecord>{EFrameRecord::GOOD, EFrameRecord::GOOD,
+                                                    EFrameRecord::SKIPPED, EFrameRecord::IN_HEADER,
+                                                    EFrameRecord::OVERLAPS, EFrameRecord::PAST_END,
+                                                    EFrameRecord::CUT_SHORT}));
     b.resize(30);  // the table passes the end
     test::WriteFile(test::TempPath(dir, "d.ani32"), std::string(b.begin(), b.end()));
     EXPECT_FALSE(CheckAnimationFile(dir.filePath("d.ani32")).bReadable);

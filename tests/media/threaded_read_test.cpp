@@ -56,7 +56,8 @@ TEST(SourcesOnThreads, EachReadsItsOwnFramesWhileOthersRead) {
             for (int x = 0; x < W; ++x)
                 reinterpret_cast<uint32_t*>(f->data[0] + y * f->linesize[0])[x] = Pixel(x, y, i);
     };
-    ASSERT_TRUE(test::WriteVideo(video.toStdString(), {"zmbv", AV_PIX_FMT_BGR0, W, H, FRAMES}, fill));
+    ASSERT_TRUE(
+        test::WriteVideo(video.toStdString(), {"zmbv", AV_PIX_FMT_BGR0, W, H, FRAMES}, fill));
     std::vector<std::unique_ptr<MediaPlayer>> players;
     players.push_back(CreateMediaPlayer(ani));
     players.push_back(CreateMediaPlayer(ani));
