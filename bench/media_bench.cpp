@@ -127,23 +127,23 @@ void Report(benchmark::State& state, const char* name, double ratio, double targ
     if (ratio < target) g_misses.push_back(name);
 }
 
-void BM_DecodeAni32(benchmark::State& state) {
-    ANI32Player player(Samples().ani32.toStdString());
+template <typename Player>
+void Decode(benchmark::State& state, const QString& file, const char* name, double target) {
+    Player player(file.toStdString());
     player.Open();
     double ratio = 0;
     for (auto _ : state)
         ratio = DecodeRatio(player);
-    Report(state, "ANI32 decoding", ratio, ANI32_TARGET);
+    Report(state, name, ratio, target);
+}
+
+void BM_DecodeAni32(benchmark::State& state) {
+    Decode<ANI32Player>(state, Samples().ani32, "ANI32 decoding", ANI32_TARGET);
 }
 BENCHMARK(BM_DecodeAni32)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void BM_DecodeQrdAni(benchmark::State& state) {
-    QRDANIPlayer player(Samples().qrdani.toStdString());
-    player.Open();
-    double ratio = 0;
-    for (auto _ : state)
-        ratio = DecodeRatio(player);
-    Report(state, "QRDANI decoding", ratio, QRDANI_TARGET);
+    Decode<QRDANIPlayer>(state, Samples().qrdani, "QRDANI decoding", QRDANI_TARGET);
 }
 BENCHMARK(BM_DecodeQrdAni)->Iterations(1)->Unit(benchmark::kMillisecond);
 

@@ -85,6 +85,14 @@ int SequenceToAni(const std::vector<QString>& args) {
 
 namespace {
 
+std::unique_ptr<MediaPlayer> OpenSource(const char* verb, const QString& file) {
+    auto player = CreateMediaPlayer(file);
+    if (!player)
+        std::fprintf(stderr, "orvantis-cli %s: %s: not an animation or video file that opens\n",
+                     verb, Local(file).constData());
+    return player;
+}
+
 int PrintRecords(const UstAniFileCheck& check) {
     int damaged = 0, skipped = 0;
     for (size_t i = 0; i < check.records.size(); ++i) {
@@ -123,13 +131,8 @@ int AniInfo(const std::vector<QString>& args) {
         }
         return result;
     }
-    auto player = CreateMediaPlayer(args[0]);
-    if (!player) {
-        std::fprintf(stderr,
-                     "orvantis-cli ani-info: %s: not an animation or video file that opens\n",
-                     Local(args[0]).constData());
-        return FAILED;
-    }
+    auto player = OpenSource("ani-info", args[0]);
+    if (!player) return FAILED;
     const UstMediaInfo* info = player->GetInfo();
     std::printf("format: video\nframes: %d\nsize: %d x %d\nfps: %d\n", info->nFrames, info->nWidth,
                 info->nHeight, info->nFps);
@@ -143,13 +146,8 @@ int AniFrame(const std::vector<QString>& args) {
         std::fprintf(stderr, "orvantis-cli ani-frame: give the file, a frame number and OUT.png\n");
         return USAGE;
     }
-    auto player = CreateMediaPlayer(args[0]);
-    if (!player) {
-        std::fprintf(stderr,
-                     "orvantis-cli ani-frame: %s: not an animation or video file that opens\n",
-                     Local(args[0]).constData());
-        return FAILED;
-    }
+    auto player = OpenSource("ani-frame", args[0]);
+    if (!player) return FAILED;
     const UstMediaInfo* info = player->GetInfo();
     const uint32_t* frame = player->ReadFrame(index);
     if (!frame) {
