@@ -1,5 +1,5 @@
-// Until the ribbon exists: pictures and backgrounds from files, the keying
-// and alpha of the selected picture, and grouping.
+// Until the ribbon exists: pictures, backgrounds and animations from files,
+// the keying and alpha of the selected picture, and grouping.
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -39,6 +39,8 @@ void CMainFrame::CreateInsertMenu() {
         [this] { InsertPictureFile(CMD_INSERT_BACKGROUND_FILE); });
     add(tr("Erase the background picture\nErase Background"), CMD_ERASE_BACKGROUND,
         page(CMD_ERASE_BACKGROUND));
+    add(tr("Insert animation\nAnimation..."), CMD_INSERT_ANIMATION,
+        [this] { InsertAnimationFile(); });
     menu->addSeparator();
     add(tr("Start keying\nStart Keying"), CMD_START_KEYING, page(CMD_START_KEYING));
     add(tr("Reset key value\nReset Key"), CMD_RESET_KEY, page(CMD_RESET_KEY));

@@ -77,6 +77,10 @@ public:
     static QStringList ShapeKindTitles();
     // The file dialog's filter of the picture kinds that can be read.
     static QString PictureFileFilter();
+    static QString AnimationFileFilter();
+    // Inserts an animation from its file, or from pictures of a numbered
+    // sequence converted first; says why when it cannot.
+    bool InsertAnimationFiles(const QStringList& files);
 
     int m_nPlayState = 0;
     float m_fZoom = 100.0f;
@@ -103,6 +107,8 @@ private:
     void ShowModeName();
     void CreateInsertMenu();
     void InsertPictureFile(uint32_t command);
+    void InsertAnimationFile();
+    QString ConvertSequence(const QStringList& files, const QString& objectFolder);
     void ChoosePictureAlpha();
     void StartShape(int kind);
     void ApplyPaint(int slot, const UstFill& fill);
