@@ -166,7 +166,45 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgProgress</name>
+    <message>
+        <source>Converting...</source>
+        <translation>Converting...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPropAni</name>
+    <message>
+        <source>Animation Properties</source>
+        <translation>Animation Properties</translation>
+    </message>
+    <message>
+        <source>FPS:</source>
+        <translation>FPS:</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>Repeat:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CMainFrame</name>
+    <message>
+        <source>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</source>
+        <translation>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Failed converting TGA(PNG) sequence files to animation file.</source>
+        <translation>Failed converting TGA(PNG) sequence files to animation file.</translation>
+    </message>
+    <message>
+        <source>Failed inserting animation file</source>
+        <translation>Failed inserting animation file</translation>
+    </message>
     <message>
         <source>Program was not closed properly.
 Recovering from the last modification.</source>
@@ -236,6 +274,12 @@ Erase Background</source>
 Erase Background</translation>
     </message>
     <message>
+        <source>Insert animation
+Animation...</source>
+        <translation>Insert animation
+Animation...</translation>
+    </message>
+    <message>
         <source>Start keying
 Start Keying</source>
         <translation>Start keying
@@ -264,10 +308,6 @@ Group</translation>
 Ungroup</source>
         <translation>Ungroup objects
 Ungroup</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>Open</translation>
     </message>
     <message>
         <source>Failed loading picture.</source>

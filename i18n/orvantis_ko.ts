@@ -166,7 +166,45 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgProgress</name>
+    <message>
+        <source>Converting...</source>
+        <translation>변환 중...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPropAni</name>
+    <message>
+        <source>Animation Properties</source>
+        <translation>애니메이션 속성</translation>
+    </message>
+    <message>
+        <source>FPS:</source>
+        <translation>FPS:</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>반복:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CMainFrame</name>
+    <message>
+        <source>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</source>
+        <translation>애니메이션과 연속 그림 (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;동영상 (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;연속 그림 (*.tga *.png)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
+    </message>
+    <message>
+        <source>Failed converting TGA(PNG) sequence files to animation file.</source>
+        <translation>TGA(PNG) 연속 파일을 애니메이션 파일로 변환하지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>Failed inserting animation file</source>
+        <translation>애니메이션 파일을 삽입하지 못했습니다</translation>
+    </message>
     <message>
         <source>Program was not closed properly.
 Recovering from the last modification.</source>
@@ -236,6 +274,12 @@ Erase Background</source>
 배경 지우기</translation>
     </message>
     <message>
+        <source>Insert animation
+Animation...</source>
+        <translation>애니메이션 삽입
+애니메이션...</translation>
+    </message>
+    <message>
         <source>Start keying
 Start Keying</source>
         <translation>키잉 시작
@@ -264,10 +308,6 @@ Group</source>
 Ungroup</source>
         <translation>개체 그룹 해제
 그룹 해제</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>열기</translation>
     </message>
     <message>
         <source>Failed loading picture.</source>

@@ -205,6 +205,20 @@ KO = {
         "그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;"
         "BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;"
         "TIFF (*.tif *.tiff);;GIF (*.gif)",
+    "Converting...": "변환 중...",
+    "Animation Properties": "애니메이션 속성",
+    "FPS:": "FPS:",
+    "Repeat:": "반복:",
+    "Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 "
+    "*.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;"
+    "Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)":
+        "애니메이션과 연속 그림 (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 "
+        "*.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;"
+        "동영상 (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;연속 그림 (*.tga *.png)",
+    "Failed converting TGA(PNG) sequence files to animation file.":
+        "TGA(PNG) 연속 파일을 애니메이션 파일로 변환하지 못했습니다.",
+    "Failed inserting animation file": "애니메이션 파일을 삽입하지 못했습니다",
+    "Insert animation\nAnimation...": "애니메이션 삽입\n애니메이션...",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)
