@@ -8,6 +8,7 @@
 #include "media/avi_player.h"
 #include "media_commands.h"
 #include "output_commands.h"
+#include "project_commands.h"
 #include "samples/demo_page.h"
 
 namespace {
@@ -18,13 +19,16 @@ const char* const HELP =
     "       orvantis-cli modes\n"
     "       orvantis-cli output [--output SPEC] [--mode MODE] [--frames N] [--queue N]\n"
     "       orvantis-cli frames FILE.mkv DIR\n"
+    "       orvantis-cli info [--json] PROJECT\n"
+    "       orvantis-cli resave PROJECT OUT\n"
+    "       orvantis-cli render PROJECT PAGE OUT.png|OUT.tga\n"
+    "       orvantis-cli export-all PROJECT DIR\n"
     "       orvantis-cli seq2ani OUT.ani32 FILES...|FOLDER\n"
     "       orvantis-cli ani-info FILE\n"
     "       orvantis-cli ani-frame FILE N OUT.png\n"
     "\n"
-    "The headless companion of the Orvantis-HD editor. It will render pages to\n"
-    "images, report on and re-save projects and play a page to an output, as\n"
-    "those parts of the system arrive.\n"
+    "The headless companion of the Orvantis-HD editor. PROJECT is a project\n"
+    "file (project.qrdprj); its Data and Object folders lie beside it.\n"
     "\n"
     "  --help        show this text\n"
     "  --version     show the version\n"
@@ -43,6 +47,13 @@ const char* const HELP =
     "      --queue N      frames the output may hold before the playout waits (3)\n"
     "  frames FILE.mkv DIR\n"
     "                write each frame of a file output to DIR as a PNG with its key\n"
+    "  info          the header, and per page its type, effect settings and\n"
+    "                objects with their kind, box and text; --json prints one\n"
+    "                JSON object instead\n"
+    "  resave        load the project and save it as OUT\n"
+    "  render        draw page PAGE (counted from 1) at the frame size, as it\n"
+    "                goes to air, with its transparency\n"
+    "  export-all    every page as DIR/page001.png, page002.png, ...\n"
     "  seq2ani       convert TGA or PNG pictures to an ANI32 animation: the\n"
     "                files in the order given, or the pictures of a folder in\n"
     "                the order of the number in their names; pictures of\n"
@@ -51,8 +62,10 @@ const char* const HELP =
     "                file, and for the first two each frame's offset checked\n"
     "  ani-frame     frame N (counted from 0) of an animation or video as a PNG\n"
     "\n"
-    "Exit status: 0 done, 1 a file did not load, is damaged or could not be\n"
-    "written (stderr says which), 2 bad usage.\n";
+    "info, resave, render, export-all, seq2ani, ani-info and ani-frame exit\n"
+    "with 0 when done, 1 when a file does not load, is damaged or cannot be\n"
+    "written (one line on stderr names the file and the reason), and 2 on bad\n"
+    "usage.\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {
@@ -79,33 +92,33 @@ struct UstCommand {
     int (*run)(const std::vector<QString>&);
 };
 
-constexpr UstCommand MEDIA_COMMANDS[] = {
+constexpr UstCommand FILE_COMMANDS[] = {
+    {"info", orv::cli::Info},
+    {"resave", orv::cli::Resave},
+    {"render", orv::cli::Render},
+    {"export-all", orv::cli::ExportAll},
     {"seq2ani", orv::cli::SequenceToAni},
     {"ani-info", orv::cli::AniInfo},
     {"ani-frame", orv::cli::AniFrame},
 };
 
-int RunMedia(const UstCommand& c, int argc, char** argv) {
-    // Image plug-ins are found through it.
-    QCoreApplication app(argc, argv);
-    orv::QuietMediaDiagnostics();
-    std::vector<QString> args;
-    for (int i = 2; i < argc; ++i)
-        args.push_back(QString::fromLocal8Bit(argv[i]));
-    const int code = c.run(args);
-    if (code == 2) std::fprintf(stderr, "\n%s", HELP);
-    return code;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "demo") == 0) return Demo(argc, argv);
+    for (const UstCommand& c : FILE_COMMANDS) {
+        if (argc < 2 || std::strcmp(argv[1], c.name) != 0) continue;
+        // Image plug-ins for pictures and backgrounds are found through it.
+        QCoreApplication app(argc, argv);
+        orv::QuietMediaDiagnostics();
+        std::vector<QString> args;
+        for (int i = 2; i < argc; ++i)
+            args.push_back(QString::fromLocal8Bit(argv[i]));
+        return c.run(args);
+    }
     if (argc >= 2 && std::strcmp(argv[1], "modes") == 0) return orv::cli::ListModes(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "output") == 0) return orv::cli::PlayTestCard(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "frames") == 0) return orv::cli::UnpackFrames(argc, argv);
-    for (const UstCommand& c : MEDIA_COMMANDS)
-        if (argc >= 2 && std::strcmp(argv[1], c.name) == 0) return RunMedia(c, argc, argv);
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
             std::printf("orvantis-cli 1.62\n");

@@ -248,6 +248,38 @@ Program Monitor</translation>
         <translation>To apply changes, the program must be restarted. Terminate program?</translation>
     </message>
     <message>
+        <source>Project files (*.qrdprj);;All files (*)</source>
+        <translation>Project files (*.qrdprj);;All files (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project File...</source>
+        <translation>&amp;Open Project File...</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>Open Project File</source>
+        <translation>Open Project File</translation>
+    </message>
+    <message>
+        <source>The project %1 could not be opened:
+%2</source>
+        <translation>The project %1 could not be opened:
+%2</translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>Save Project</translation>
+    </message>
+    <message>
+        <source>The project could not be saved:
+%1</source>
+        <translation>The project could not be saved:
+%1</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -857,6 +889,18 @@ Split into Characters</translation>
     <message>
         <source>New Project</source>
         <translation>New Project</translation>
+    </message>
+    <message>
+        <source>The project has no file yet.</source>
+        <translation>The project has no file yet.</translation>
+    </message>
+    <message>
+        <source>The folders Data and Object cannot be made.</source>
+        <translation>The folders Data and Object cannot be made.</translation>
+    </message>
+    <message>
+        <source>Failed copying files.</source>
+        <translation>Failed copying files.</translation>
     </message>
 </context>
 <context>

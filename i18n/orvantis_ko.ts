@@ -248,6 +248,38 @@ Program Monitor</source>
         <translation>변경 사항을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?</translation>
     </message>
     <message>
+        <source>Project files (*.qrdprj);;All files (*)</source>
+        <translation>프로젝트 파일 (*.qrdprj);;모든 파일 (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project File...</source>
+        <translation>프로젝트 파일 열기(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>저장(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Open Project File</source>
+        <translation>프로젝트 파일 열기</translation>
+    </message>
+    <message>
+        <source>The project %1 could not be opened:
+%2</source>
+        <translation>프로젝트 %1을(를) 열 수 없습니다:
+%2</translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>프로젝트 저장</translation>
+    </message>
+    <message>
+        <source>The project could not be saved:
+%1</source>
+        <translation>프로젝트를 저장할 수 없습니다:
+%1</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -857,6 +889,18 @@ Split into Characters</source>
     <message>
         <source>New Project</source>
         <translation>새 프로젝트</translation>
+    </message>
+    <message>
+        <source>The project has no file yet.</source>
+        <translation>프로젝트에 아직 파일이 없습니다.</translation>
+    </message>
+    <message>
+        <source>The folders Data and Object cannot be made.</source>
+        <translation>Data 폴더와 Object 폴더를 만들 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Failed copying files.</source>
+        <translation>파일을 복사하지 못했습니다.</translation>
     </message>
 </context>
 <context>

@@ -205,6 +205,16 @@ KO = {
         "그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;"
         "BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;"
         "TIFF (*.tif *.tiff);;GIF (*.gif)",
+    "&Open Project File...": "프로젝트 파일 열기(&O)...",
+    "&Save": "저장(&S)",
+    "Open Project File": "프로젝트 파일 열기",
+    "Save Project": "프로젝트 저장",
+    "Project files (*.qrdprj);;All files (*)": "프로젝트 파일 (*.qrdprj);;모든 파일 (*)",
+    "The project %1 could not be opened:\n%2": "프로젝트 %1을(를) 열 수 없습니다:\n%2",
+    "The project could not be saved:\n%1": "프로젝트를 저장할 수 없습니다:\n%1",
+    "The project has no file yet.": "프로젝트에 아직 파일이 없습니다.",
+    "The folders Data and Object cannot be made.": "Data 폴더와 Object 폴더를 만들 수 없습니다.",
+    "Failed copying files.": "파일을 복사하지 못했습니다.",
     "Converting...": "변환 중...",
     "Animation Properties": "애니메이션 속성",
     "FPS:": "FPS:",

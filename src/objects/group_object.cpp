@@ -1,6 +1,8 @@
 #include "objects/group_object.h"
 
 #include <algorithm>
+#include <stdexcept>
+#include <string>
 
 #include "objects/archive_fields.h"
 #include "objects/object_factory.h"
@@ -254,9 +256,14 @@ bool CQRDObjectGroup::Deserialize(CByteReader& in, const MemberReader& readMembe
     const bool hasOldRect = ReadArchiveHead(in);
     m_rcStored = in.Get<UstRect>();
     if (hasOldRect) m_rcOld = in.Get<UstRect>();
+    CheckArchivedRect(m_rcStored, "a group");
     m_listOrder.clear();
     m_listChild.clear();
     const uint32_t count = ReadArchiveCount(in);
+    // Each member takes two bytes at the very least.
+    if (count > in.Remaining() / 2)
+        throw std::runtime_error("a group counts " + std::to_string(count) +
+                                 " members, more than the file holds");
     for (uint32_t i = 0; i < count; ++i) {
         auto member = readMember(in);
         if (!member) return false;

@@ -62,6 +62,7 @@ public:
     using MemberReader = std::function<std::unique_ptr<CQRDObject>(CByteReader&)>;
     void Serialize(CByteWriter& out, const MemberWriter& writeMember) const;
     bool Deserialize(CByteReader& in, const MemberReader& readMember);
+    const char* ArchiveClassName() const override { return "CQRDObjectGroup"; }
 
     // The members in drawing order, and a second list that, when it has
     // entries, is the order in which moves reach them.

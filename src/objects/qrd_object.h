@@ -107,6 +107,11 @@ public:
     // The text an object adds to its page's text list; only text has any.
     virtual QString GetPlainText() const { return {}; }
 
+    // The class name a project file records for the object, which says how
+    // its file form is written and read; null for a class that never
+    // reaches a file.
+    virtual const char* ArchiveClassName() const { return nullptr; }
+
     // The head every archived object starts with, and its reader, which
     // answers whether an old rectangle follows the class's own fields.
     void WriteArchiveHead(CByteWriter& out) const;

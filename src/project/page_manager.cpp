@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "project/canvas_overlays.h"
+#include "project/thumb_file.h"
 
 namespace orv {
 
@@ -26,6 +27,7 @@ CPageManager::CPageManager(CPageDoc* doc, CPageView* view) : CPageManager() {
         m_nThumbHeight = doc->ThumbHeight();
     }
     m_pThumbBits.assign(static_cast<size_t>(m_nThumbWidth) * m_nThumbHeight, 0);
+    if (doc) m_strThumbFile = CreateThumbFile(doc->DataFolder(), m_nThumbWidth, m_nThumbHeight);
     CopyViewFrame();
 }
 
@@ -49,10 +51,16 @@ void CPageManager::CopyViewFrame() {
 void CPageManager::Attach(CPageDoc* doc, CPageView* view) {
     m_pDoc = doc;
     m_pView = view;
+    if (doc) {
+        m_nThumbWidth = doc->ThumbWidth();
+        m_nThumbHeight = doc->ThumbHeight();
+    }
     CopyViewFrame();
     m_nScrollX = m_nScrollY = 0;
     for (auto& o : m_objects)
         o->Attach(this);
+    // A missing or foreign file leaves the thumbnail blank.
+    m_pThumbBits = ReadThumbFile(ThumbPath(), m_nThumbWidth, m_nThumbHeight);
     RebuildPageText(false);
 }
 
@@ -397,6 +405,7 @@ void CPageManager::Activate(bool keepBackground) {
         o->OnZoom();
         o->AfterLoad();
     }
+    DropGoneObjects();
     m_bActive = 1;
     RenderCanvas();
 }

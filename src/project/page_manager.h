@@ -57,6 +57,8 @@ enum EHitResult : int {
     HIT_OTHER = 15
 };
 
+class CArchiveIn;
+class CArchiveOut;
 class CQRDObjectGroup;
 class CQRDObjectPicture;
 class CQRDObjectShape;
@@ -74,9 +76,21 @@ public:
     int GetCanvasWidth() const override { return m_nWidth; }
     int GetCanvasHeight() const override { return m_nHeight; }
     uint32_t* GetCanvasBits() override { return m_pCanvas; }
-    void ObjectRemovedItself() override { SetModified(true); }
+    void ObjectRemovedItself(CQRDObject* object) override;
     void ScrollToShow(const UstRect& r) override;
     QString ObjectFolder() const override;
+
+    // The page body of the project file. Reading throws on damage and
+    // leaves the page unfit for use; the caller drops it.
+    void Serialize(CArchiveOut& ar) const;
+    void Deserialize(CArchiveIn& ar);
+    // After a save: a changed page's thumbnail goes to its file, and the
+    // page counts as saved once it is there.
+    void StoreThumbnail();
+    // Before a save: a changed page made while the project had no folder
+    // gets its thumbnail file now.
+    void EnsureThumbFile();
+    QString ThumbPath() const;
 
     void Attach(CPageDoc* doc, CPageView* view);
     int ExecCommand(const void* arg, uint32_t id, CQRDObject* target = nullptr);
@@ -215,12 +229,15 @@ private:
     void RefreshSelectedGroups();
     void EndStrayShapeEdits();
     void RedrawAll(const UstRect& before);
+    // Objects that asked to leave while the page walked its list.
+    void DropGoneObjects();
     std::vector<CQRDObject*> SelectedInListOrder() const;
     std::vector<std::unique_ptr<CQRDObject>>::iterator Find(const CQRDObject* object);
     std::unique_ptr<CQRDObject> Remove(CQRDObject* object);
 
     std::vector<std::unique_ptr<CQRDObject>> m_objects;  // head backmost, tail topmost
     std::vector<CQRDObject*> m_selection;                // in selection order
+    std::vector<CQRDObject*> m_gone;                     // to be taken out and deleted
     std::vector<uint32_t> m_pThumbBits;
     // The canvas without the text under edit, kept while typing goes on.
     std::vector<uint32_t> m_underlay;

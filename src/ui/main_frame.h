@@ -16,6 +16,7 @@
 class QDockWidget;
 class QLabel;
 class QMdiArea;
+class QMenu;
 
 namespace orv {
 
@@ -82,6 +83,15 @@ public:
     // sequence converted first; says why when it cannot.
     bool InsertAnimationFiles(const QStringList& files);
 
+    // File > Open Project File... and Save.
+    void OpenProjectFile();
+    // A project file opened in a window of its own; null, after a message
+    // that names the file and the reason, when it does not load.
+    CZevrantView* OpenProjectPath(const QString& path);
+    // Into the project's file, or, for a project that has none, into a new
+    // one that a file dialog names.
+    void SaveActiveProject();
+
     int m_nPlayState = 0;
     float m_fZoom = 100.0f;
     int m_nCanvasMode = 0;
@@ -106,6 +116,7 @@ private:
     void DetachBoard();
     void ShowModeName();
     void CreateInsertMenu();
+    void AddProjectFileActions(QMenu* file);
     void InsertPictureFile(uint32_t command);
     void InsertAnimationFile();
     QString ConvertSequence(const QStringList& files, const QString& objectFolder);
