@@ -1,5 +1,6 @@
 #include "project/page_manager.h"
 
+#include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
 #include "objects/shape_object.h"
@@ -160,6 +161,10 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
         case CMD_INSERT_PICTURE:
         case CMD_INSERT_PICTURE_FILE:
             return arg && InsertPicture(*static_cast<const QString*>(arg)) ? 1 : 0;
+        case CMD_INSERT_ANIMATION:
+            return arg && InsertAnimation(*static_cast<const QString*>(arg)) ? 1 : 0;
+        case CMD_ANIMATION_PROPERTIES:
+            return AnimationProperties(arg);
         case CMD_INSERT_BACKGROUND:
         case CMD_INSERT_BACKGROUND_FILE:
             return arg ? InsertBackground(*static_cast<const QString*>(arg)) : 0;

@@ -59,7 +59,9 @@ enum EHitResult : int {
 
 class CArchiveIn;
 class CArchiveOut;
+class CQRDObjectAni;
 class CQRDObjectGroup;
+struct UstAniPlay;
 class CQRDObjectPicture;
 class CQRDObjectShape;
 
@@ -135,6 +137,15 @@ public:
     // Pictures and backgrounds, as their commands do them: a picture from a
     // file, selected alone, or null when the file cannot be used.
     CQRDObjectPicture* InsertPicture(const QString& source);
+    // An animation from an ANI32, QRDANI or video file, at the file's frame
+    // size with its first frame as the still, selected alone; null when no
+    // source reads the file.
+    CQRDObjectAni* InsertAnimation(const QString& source);
+    // The play count of the selected animation.
+    int AnimationProperties(const void* repeat);
+    // One entry for each animation of the page, groups included, whose file
+    // is there, its box scaled from the project's frame to w x h.
+    void CollectAnimations(std::vector<UstAniPlay>& out, int w, int h) const;
     int InsertBackground(const QString& source);
     int EraseBackground();
     // The selected picture waiting for a click that picks its key colour.

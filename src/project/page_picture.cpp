@@ -116,7 +116,7 @@ void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h) 
         m_background.DrawForPlay(bits, keyBits, w, h);
     }
     for (auto& o : m_objects)
-        o->DrawTo(bits, w, h);
+        o->DrawForPlay(bits, w, h);
 }
 
 }  // namespace orv

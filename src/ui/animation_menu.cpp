@@ -7,8 +7,10 @@
 #include <QMessageBox>
 
 #include "media/sequence_convert.h"
+#include "objects/ani_object.h"
 #include "media/sequence_files.h"
 #include "project/page_manager.h"
+#include "ui/ani_dialog.h"
 #include "ui/main_frame.h"
 #include "ui/progress_dialog.h"
 #include "ui/zevrant_view.h"
@@ -68,6 +70,17 @@ QString CMainFrame::ConvertSequence(const QStringList& files, const QString& obj
     const QString name =
         ConvertSequenceToAni32(names, first.absolutePath() + "/", objectFolder, &progress);
     return name.isEmpty() ? QString() : QDir(objectFolder).filePath(name);
+}
+
+void CMainFrame::ShowAnimationProperties() {
+    CZevrantView* view = ActiveView();
+    CPageManager* page = view ? view->Page() : nullptr;
+    if (!page || !page->OneSelectedOfKind(OBJ_ANIMATION)) return;
+    const auto* animation = static_cast<const CQRDObjectAni*>(page->Selection().front());
+    CDlgPropAni dialog(animation->m_words.nFps, animation->m_words.nRepeat, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const int32_t repeat = dialog.Repeat();
+    view->PageCommand(CMD_ANIMATION_PROPERTIES, &repeat);
 }
 
 }  // namespace orv

@@ -82,6 +82,8 @@ public:
     // Inserts an animation from its file, or from pictures of a numbered
     // sequence converted first; says why when it cannot.
     bool InsertAnimationFiles(const QStringList& files);
+    // "Animation Properties" for the one selected animation.
+    void ShowAnimationProperties();
 
     // File > Open Project File... and Save.
     void OpenProjectFile();
