@@ -312,6 +312,18 @@ Animation...</source>
 Animation...</translation>
     </message>
     <message>
+        <source>Animation properties
+Animation Properties...</source>
+        <translation>Animation properties
+Animation Properties...</translation>
+    </message>
+    <message>
+        <source>Play the selected animation through on the canvas
+Preview Animation</source>
+        <translation>Play the selected animation through on the canvas
+Preview Animation</translation>
+    </message>
+    <message>
         <source>Start keying
 Start Keying</source>
         <translation>Start keying

@@ -312,6 +312,18 @@ Animation...</source>
 애니메이션...</translation>
     </message>
     <message>
+        <source>Animation properties
+Animation Properties...</source>
+        <translation>애니메이션 속성
+애니메이션 속성...</translation>
+    </message>
+    <message>
+        <source>Play the selected animation through on the canvas
+Preview Animation</source>
+        <translation>선택한 애니메이션을 캔버스에서 끝까지 재생
+애니메이션 미리보기</translation>
+    </message>
+    <message>
         <source>Start keying
 Start Keying</source>
         <translation>키잉 시작

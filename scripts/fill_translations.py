@@ -229,6 +229,9 @@ KO = {
         "TGA(PNG) 연속 파일을 애니메이션 파일로 변환하지 못했습니다.",
     "Failed inserting animation file": "애니메이션 파일을 삽입하지 못했습니다",
     "Insert animation\nAnimation...": "애니메이션 삽입\n애니메이션...",
+    "Animation properties\nAnimation Properties...": "애니메이션 속성\n애니메이션 속성...",
+    "Play the selected animation through on the canvas\nPreview Animation":
+        "선택한 애니메이션을 캔버스에서 끝까지 재생\n애니메이션 미리보기",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)

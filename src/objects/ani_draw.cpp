@@ -96,8 +96,8 @@ void CQRDObjectAni::DrawTo(uint32_t* bits, int width, int height) {
         return;
     }
     std::vector<uint32_t> scaled(static_cast<size_t>(w) * h);
-    ScalePixelRect(scaled.data(), {0, 0, w, h}, m_pStill.get(), {0, 0, m_nStillWidth, m_nStillHeight},
-                   2);
+    ScalePixelRect(scaled.data(), {0, 0, w, h}, m_pStill.get(),
+                   {0, 0, m_nStillWidth, m_nStillHeight}, 2);
     DrawStraight(bits, width, height, scaled.data(), w, h, m_rcStored.left, m_rcStored.top);
 }
 

@@ -45,6 +45,13 @@ void CQRDObjectAni::FreeStill() {
     m_pScaled.reset();
 }
 
+void CQRDObjectAni::Attach(CPageContext* page) {
+    m_pPage = page;
+    m_rcView = {};
+    m_rcHandle = {};
+    m_pScaled.reset();
+}
+
 void CQRDObjectAni::ReleaseCache() {
     FreeStill();
 }

@@ -63,6 +63,8 @@ public:
     // An animation whose file has gone cannot come back: it leaves its page.
     // One whose file is there takes its still again if it has none.
     void AfterLoad() override;
+    // On another page the still stays; only its scaled copy goes.
+    void Attach(CPageContext* page) override;
     void ReleaseCache() override;
     void OnZoom() override;
     bool Execute(const void* args, uint32_t code) override;

@@ -52,7 +52,8 @@ int CPageManager::AnimationProperties(const void* repeat) {
 }
 
 void CPageManager::CollectAnimations(std::vector<UstAniPlay>& out, int w, int h) const {
-    const float sx = m_pDoc ? static_cast<float>(w) / static_cast<float>(m_pDoc->FrameWidth()) : 1.0f;
+    const float sx =
+        m_pDoc ? static_cast<float>(w) / static_cast<float>(m_pDoc->FrameWidth()) : 1.0f;
     const float sy =
         m_pDoc ? static_cast<float>(h) / static_cast<float>(m_pDoc->FrameHeight()) : 1.0f;
     Collect(m_objects, sx, sy, out);

@@ -7,8 +7,8 @@
 #include <QMessageBox>
 
 #include "media/sequence_convert.h"
-#include "objects/ani_object.h"
 #include "media/sequence_files.h"
+#include "objects/ani_object.h"
 #include "project/page_manager.h"
 #include "ui/ani_dialog.h"
 #include "ui/main_frame.h"
@@ -19,11 +19,12 @@ namespace orv {
 
 QString CMainFrame::AnimationFileFilter() {
     // Converted files carry upper-case extensions; the dialog may match case.
-    return tr("Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov "
-              "*.mp4 *.mkv *.webm *.mxf *.tga *.png);;"
-              "ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;"
-              "Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;"
-              "Picture sequence (*.tga *.png)");
+    return tr(
+        "Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov "
+        "*.mp4 *.mkv *.webm *.mxf *.tga *.png);;"
+        "ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;"
+        "Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;"
+        "Picture sequence (*.tga *.png)");
 }
 
 void CMainFrame::InsertAnimationFile() {

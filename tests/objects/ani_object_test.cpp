@@ -14,8 +14,8 @@
 namespace orv {
 namespace {
 
-constexpr uint32_t RED = 0xFFFF0000u, WHITE = 0xFFFFFFFFu, GREEN = 0xFF00FF00u,
-                   BLUE = 0xFF0000FFu, GREY = 0xFF202020u;
+constexpr uint32_t RED = 0xFFFF0000u, WHITE = 0xFFFFFFFFu, GREEN = 0xFF00FF00u, BLUE = 0xFF0000FFu,
+                   GREY = 0xFF202020u;
 
 // Frame 0: red on the left half, white on the right; then green, then blue.
 uint32_t Frames(int x, int w, int i) {
