@@ -9,18 +9,8 @@ work=$2
 rm -rf "$work"
 mkdir -p "$work/seq"
 
-fail() {
-    echo "FAIL: $*" >&2
-    exit 1
-}
-
-# expect STATUS COMMAND...: the command exits with STATUS; output in $work/out and $work/err.
-expect() {
-    local want=$1 got=0
-    shift
-    "$@" >"$work/out" 2>"$work/err" || got=$?
-    [ "$got" -eq "$want" ] || fail "$* exited $got, not $want: $(cat "$work/err")"
-}
+# shellcheck source=cli_checks.sh
+source "$(dirname "$0")/cli_checks.sh"
 
 contains() {
     grep -qF -- "$2" "$work/$1" || fail "'$2' not in $1: $(cat "$work/$1")"
