@@ -37,12 +37,7 @@ CQRDObjectAni* CPageManager::InsertAnimation(const QString& source) {
     auto animation =
         std::make_unique<CQRDObjectAni>(this, name, UstRect{0, 0, info->nWidth, info->nHeight});
     animation->TakeStillFrame(*player);
-    const UstRect before = SelectionWindowRect();
-    auto* raw = static_cast<CQRDObjectAni*>(AddObject(std::move(animation)));
-    SelectOnly(raw);
-    Redraw(before);
-    Tail();
-    return raw;
+    return static_cast<CQRDObjectAni*>(InsertNew(std::move(animation)));
 }
 
 int CPageManager::AnimationProperties(const void* repeat) {

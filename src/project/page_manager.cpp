@@ -464,6 +464,15 @@ CQRDObject* CPageManager::AddObject(std::unique_ptr<CQRDObject> object) {
     return raw;
 }
 
+CQRDObject* CPageManager::InsertNew(std::unique_ptr<CQRDObject> object) {
+    const UstRect before = SelectionWindowRect();
+    CQRDObject* raw = AddObject(std::move(object));
+    SelectOnly(raw);
+    Redraw(before);
+    Tail();
+    return raw;
+}
+
 bool CPageManager::IsSelected(const CQRDObject* object) const {
     return std::find(m_selection.begin(), m_selection.end(), object) != m_selection.end();
 }

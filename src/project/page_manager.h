@@ -157,6 +157,8 @@ public:
     // Adding and selecting, for the commands that create objects and the
     // canvas's gestures.
     CQRDObject* AddObject(std::unique_ptr<CQRDObject> object);
+    // A new object on top, selected alone and drawn, as one undo step.
+    CQRDObject* InsertNew(std::unique_ptr<CQRDObject> object);
     // A new shape of the kind over the rectangle (page pixels at the zoom),
     // selected alone, as one undo step; null for an empty rectangle.
     CQRDObjectShape* AddShape(int kind, const UstRect& view, const UstAttr& attr,

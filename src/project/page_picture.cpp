@@ -26,12 +26,7 @@ CQRDObjectPicture* CPageManager::InsertPicture(const QString& source) {
     auto picture = std::make_unique<CQRDObjectPicture>(this, name, image.width, image.height,
                                                        MakeDefaultAttr(), MakeDefaultEffect());
     picture->SetSource(std::move(image));
-    const UstRect before = SelectionWindowRect();
-    auto* raw = static_cast<CQRDObjectPicture*>(AddObject(std::move(picture)));
-    SelectOnly(raw);
-    Redraw(before);
-    Tail();
-    return raw;
+    return static_cast<CQRDObjectPicture*>(InsertNew(std::move(picture)));
 }
 
 int CPageManager::InsertBackground(const QString& source) {

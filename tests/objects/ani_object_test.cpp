@@ -10,6 +10,7 @@
 #include "objects/ani_object.h"
 #include "support/ani_files.h"
 #include "support/rect_object.h"
+#include "test_util.h"
 
 namespace orv {
 namespace {
@@ -87,10 +88,7 @@ TEST_F(AniObject, ThumbnailShowsTheStillAndAPlayFrameNothing) {
 }
 
 TEST_F(AniObject, AFileNoSourceReadsStaysWithoutAStill) {
-    QFile other(page.folder + "notes.ani32");
-    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
-    other.write("text, not frames");
-    other.close();
+    test::WriteFile((page.folder + "notes.ani32").toStdString(), "text, not frames");
     CQRDObjectAni a(&page, "notes.ani32", {8, 4, 24, 12});
     a.AfterLoad();
     EXPECT_TRUE(page.removed.empty());

@@ -12,6 +12,7 @@
 #include "project/project_manager.h"
 #include "support/ani_files.h"
 #include "support/rect_object.h"
+#include "test_util.h"
 
 namespace orv {
 namespace {
@@ -64,10 +65,7 @@ TEST_F(PageAnimations, InsertedAtTheFileSizeWithItsStillAndSelected) {
 
 TEST_F(PageAnimations, FilesNoSourceReadsAreRefusedWithoutACopy) {
     const QString text = QDir(dir.path()).filePath("notes.ani32");
-    QFile f(text);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("frames? no");
-    f.close();
+    test::WriteFile(text.toStdString(), "frames? no");
     const QString png = QDir(dir.path()).filePath("still.png");
     for (const QString& file : {text, png, QDir(dir.path()).filePath("missing.ani32"), QString()})
         EXPECT_EQ(page->ExecCommand(&file, CMD_INSERT_ANIMATION), 0) << file.toStdString();
