@@ -21,8 +21,14 @@ CQRDObjectAni* OneSelectedAnimation(CPageManager* page) {
 bool CZevrantView::PreviewAnimation() {
     CQRDObjectAni* animation = OneSelectedAnimation(Page());
     if (!animation || (m_pFrame && m_pFrame->m_nPlayState != 0)) return false;
+    // The frames play over the page without the still, as they will on air:
+    // a partly transparent still would show through every frame.
+    Page()->RenderCanvasExcept(animation);
     // Frames follow each other as fast as they decode; each is shown at once.
-    return animation->PreviewAnimation([this](const UstRect& r) { repaint(r.ToQRect()); });
+    const bool played =
+        animation->PreviewAnimation([this](const UstRect& r) { repaint(r.ToQRect()); });
+    Page()->Repaint();
+    return played;
 }
 
 void CZevrantView::AnimationMenu(const QPoint& window) {

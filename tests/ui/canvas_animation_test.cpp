@@ -123,10 +123,32 @@ TEST_F(CanvasAnimationTest, PropertiesDialogChangesOnlyTheRepeat) {
 }
 
 TEST_F(CanvasAnimationTest, PreviewAndTheContextMenuOverAnAnimation) {
-    ASSERT_EQ(TriggerWithFile("cmd245", Clip("spin.ani32", 0xFF00A0FFu)), QString());
+    // Half transparent: red in frame 0, the still; blue after.
+    ASSERT_TRUE(test::WriteAnimation(Path("fade.ani32"), 60, 30, 3, [](int, int, int i) {
+        return i == 0 ? 0x80FF0000u : 0x800000FFu;
+    }));
+    ASSERT_EQ(TriggerWithFile("cmd245", Path("fade.ani32")), QString());
     const std::vector<uint32_t> before(view->Surface(),
                                        view->Surface() + view->FitWidth() * view->FitHeight());
+    const int inside = static_cast<int>(20 * zoom / 100);
+    // Each frame as it is painted, over the page's grey (0xE0) and not over
+    // the still: frame 1 over it would keep some red.
+    struct CPainted : QObject {
+        const uint32_t* pixel = nullptr;
+        std::vector<uint32_t> seen;
+        bool eventFilter(QObject*, QEvent* e) override {
+            if (e->type() == QEvent::Paint) seen.push_back(*pixel);
+            return false;
+        }
+    } painted;
+    painted.pixel = view->Surface() + inside * view->FitWidth() + inside;
+    view->installEventFilter(&painted);
     EXPECT_TRUE(view->PreviewAnimation());
+    view->removeEventFilter(&painted);
+    ASSERT_GE(painted.seen.size(), 3u);
+    EXPECT_EQ(painted.seen[0], 0xFFF07070u);
+    EXPECT_EQ(painted.seen[1], 0xFF7070F0u);
+    EXPECT_EQ(painted.seen[2], 0xFF7070F0u);
     EXPECT_EQ(std::vector<uint32_t>(view->Surface(),
                                     view->Surface() + view->FitWidth() * view->FitHeight()),
               before);
@@ -138,7 +160,6 @@ TEST_F(CanvasAnimationTest, PreviewAndTheContextMenuOverAnAnimation) {
             menu->close();
         }
     });
-    const int inside = static_cast<int>(20 * zoom / 100);
     QTest::mouseClick(view, Qt::RightButton, {}, At(inside, inside));
     EXPECT_EQ(entries, QStringList({"cmd40025", "cmd40031"}));
 }
