@@ -96,12 +96,12 @@ TEST_F(VideoFiles, ReorderedFramesByTheirPresentationOrder) {
     // random must be the very frame that reading in order gives.
     for (const char* name : {"b.mkv", "b.mp4", "b.mov"}) {
         const std::string file = Path(name);
-        test::UstVideoSpec spec{"libx264rgb", AV_PIX_FMT_BGR0, W, H, FRAMES};
-        spec.gop = 6;
-        spec.bFrames = 2;
-        spec.options = {
+        test::UstVideoLayout layout{"libx264rgb", AV_PIX_FMT_BGR0, W, H, FRAMES};
+        layout.gop = 6;
+        layout.bFrames = 2;
+        layout.options = {
             {"preset", "veryfast"}, {"qp", "1"}, {"x264-params", "bframes=2:b-adapt=0:scenecut=0"}};
-        if (!test::WriteVideo(file, spec, FillBgr0)) GTEST_SKIP() << "no libx264rgb encoder";
+        if (!test::WriteVideo(file, layout, FillBgr0)) GTEST_SKIP() << "no libx264rgb encoder";
         auto inOrder = CreateMediaPlayer(QString::fromStdString(file));
         auto atRandom = CreateMediaPlayer(QString::fromStdString(file));
         ASSERT_TRUE(inOrder && atRandom) << name;

@@ -14,7 +14,7 @@ extern "C" {
 
 namespace orv::test {
 
-struct UstVideoSpec {
+struct UstVideoLayout {
     const char* encoder;
     AVPixelFormat format;
     int width, height, frames;
@@ -25,7 +25,7 @@ struct UstVideoSpec {
     std::vector<std::pair<const char*, const char*>> options = {};
 };
 
-// Fills frame i, whose planes are allocated in the spec's format.
+// Fills frame i, whose planes are allocated in the layout's format.
 using FrameFiller = std::function<void(AVFrame* frame, int index)>;
 
 namespace detail {
@@ -42,15 +42,15 @@ inline bool Drain(AVFormatContext* out, AVCodecContext* codec, AVStream* stream,
 }
 
 inline bool Encode(AVFormatContext* out, AVCodecContext* codec, AVStream* stream,
-                   const UstVideoSpec& spec, const FrameFiller& fill) {
+                   const UstVideoLayout& layout, const FrameFiller& fill) {
     AVPacket* pkt = av_packet_alloc();
     AVFrame* frame = av_frame_alloc();
     bool ok = pkt && frame;
-    for (int i = 0; ok && i < spec.frames; ++i) {
+    for (int i = 0; ok && i < layout.frames; ++i) {
         av_frame_unref(frame);
-        frame->format = spec.format;
-        frame->width = spec.width;
-        frame->height = spec.height;
+        frame->format = layout.format;
+        frame->width = layout.width;
+        frame->height = layout.height;
         ok = av_frame_get_buffer(frame, 0) >= 0;
         if (!ok) break;
         fill(frame, i);
@@ -66,22 +66,23 @@ inline bool Encode(AVFormatContext* out, AVCodecContext* codec, AVStream* stream
 }  // namespace detail
 
 // False when the encoder is missing or any step fails.
-inline bool WriteVideo(const std::string& path, const UstVideoSpec& spec, const FrameFiller& fill) {
-    const AVCodec* encoder = avcodec_find_encoder_by_name(spec.encoder);
+inline bool WriteVideo(const std::string& path, const UstVideoLayout& layout,
+                       const FrameFiller& fill) {
+    const AVCodec* encoder = avcodec_find_encoder_by_name(layout.encoder);
     AVFormatContext* out = nullptr;
     if (!encoder || avformat_alloc_output_context2(&out, nullptr, nullptr, path.c_str()) < 0)
         return false;
     AVStream* stream = avformat_new_stream(out, nullptr);
     AVCodecContext* codec = avcodec_alloc_context3(encoder);
-    codec->width = spec.width;
-    codec->height = spec.height;
-    codec->pix_fmt = spec.format;
-    codec->time_base = {1, spec.fps};
-    codec->framerate = {spec.fps, 1};
-    codec->gop_size = spec.gop;
-    codec->max_b_frames = spec.bFrames;
+    codec->width = layout.width;
+    codec->height = layout.height;
+    codec->pix_fmt = layout.format;
+    codec->time_base = {1, layout.fps};
+    codec->framerate = {layout.fps, 1};
+    codec->gop_size = layout.gop;
+    codec->max_b_frames = layout.bFrames;
     if (out->oformat->flags & AVFMT_GLOBALHEADER) codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
-    for (const auto& [name, value] : spec.options)
+    for (const auto& [name, value] : layout.options)
         av_opt_set(codec->priv_data, name, value, 0);
     bool ok = stream && avcodec_open2(codec, encoder, nullptr) >= 0 &&
               avcodec_parameters_from_context(stream->codecpar, codec) >= 0;
@@ -90,7 +91,7 @@ inline bool WriteVideo(const std::string& path, const UstVideoSpec& spec, const 
         stream->avg_frame_rate = codec->framerate;
         ok = avio_open(&out->pb, path.c_str(), AVIO_FLAG_WRITE) >= 0 &&
              avformat_write_header(out, nullptr) >= 0 &&
-             detail::Encode(out, codec, stream, spec, fill) && av_write_trailer(out) >= 0;
+             detail::Encode(out, codec, stream, layout, fill) && av_write_trailer(out) >= 0;
     }
     avcodec_free_context(&codec);
     if (out->pb) avio_closep(&out->pb);
