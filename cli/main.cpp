@@ -5,6 +5,8 @@
 #include <cstring>
 #include <vector>
 
+#include "media/avi_player.h"
+#include "media_commands.h"
 #include "output_commands.h"
 #include "project_commands.h"
 #include "samples/demo_page.h"
@@ -21,6 +23,9 @@ const char* const HELP =
     "       orvantis-cli resave PROJECT OUT\n"
     "       orvantis-cli render PROJECT PAGE OUT.png|OUT.tga\n"
     "       orvantis-cli export-all PROJECT DIR\n"
+    "       orvantis-cli seq2ani OUT.ani32 FILES...|FOLDER\n"
+    "       orvantis-cli ani-info FILE\n"
+    "       orvantis-cli ani-frame FILE N OUT.png\n"
     "\n"
     "The headless companion of the Orvantis-HD editor. PROJECT is a project\n"
     "file (project.qrdprj); its Data and Object folders lie beside it.\n"
@@ -49,10 +54,18 @@ const char* const HELP =
     "  render        draw page PAGE (counted from 1) at the frame size, as it\n"
     "                goes to air, with its transparency\n"
     "  export-all    every page as DIR/page001.png, page002.png, ...\n"
+    "  seq2ani       convert TGA or PNG pictures to an ANI32 animation: the\n"
+    "                files in the order given, or the pictures of a folder in\n"
+    "                the order of the number in their names; pictures of\n"
+    "                another size than the first are left out\n"
+    "  ani-info      frame count, size and rate of an ANI32, QRDANI or video\n"
+    "                file, and for the first two each frame's offset checked\n"
+    "  ani-frame     frame N (counted from 0) of an animation or video as a PNG\n"
     "\n"
-    "info, resave, render and export-all exit with 0 when done, 1 when a file\n"
-    "does not load or cannot be written (one line on stderr names the file and\n"
-    "the reason), and 2 on bad usage.\n";
+    "info, resave, render, export-all, seq2ani, ani-info and ani-frame exit\n"
+    "with 0 when done, 1 when a file does not load, is damaged or cannot be\n"
+    "written (one line on stderr names the file and the reason), and 2 on bad\n"
+    "usage.\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {
@@ -79,21 +92,25 @@ struct UstCommand {
     int (*run)(const std::vector<QString>&);
 };
 
-constexpr UstCommand PROJECT_COMMANDS[] = {
+constexpr UstCommand FILE_COMMANDS[] = {
     {"info", orv::cli::Info},
     {"resave", orv::cli::Resave},
     {"render", orv::cli::Render},
     {"export-all", orv::cli::ExportAll},
+    {"seq2ani", orv::cli::SequenceToAni},
+    {"ani-info", orv::cli::AniInfo},
+    {"ani-frame", orv::cli::AniFrame},
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "demo") == 0) return Demo(argc, argv);
-    for (const UstCommand& c : PROJECT_COMMANDS) {
+    for (const UstCommand& c : FILE_COMMANDS) {
         if (argc < 2 || std::strcmp(argv[1], c.name) != 0) continue;
         // Image plug-ins for pictures and backgrounds are found through it.
         QCoreApplication app(argc, argv);
+        orv::QuietMediaDiagnostics();
         std::vector<QString> args;
         for (int i = 2; i < argc; ++i)
             args.push_back(QString::fromLocal8Bit(argv[i]));

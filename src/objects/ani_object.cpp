@@ -1,11 +1,15 @@
+// The animation object's state, commands, file forms and play record; its
+// still and preview are drawn in ani_draw.cpp.
 #include "objects/ani_object.h"
 
 #include <QDir>
-#include <QFile>
-#include <QPainter>
+#include <QFileInfo>
 
+#include <algorithm>
+
+#include "media/media_factory.h"
 #include "objects/archive_fields.h"
-#include "render/object_image.h"
+#include "render/pixels.h"
 
 namespace orv {
 
@@ -16,6 +20,8 @@ CQRDObjectAni::CQRDObjectAni(CPageContext* page, const QString& file, const UstR
     RecalcHandles();
 }
 
+CQRDObjectAni::~CQRDObjectAni() = default;
+
 QString CQRDObjectAni::FilePath() const {
     const QString folder = m_pPage ? m_pPage->ObjectFolder() : QString();
     return folder.isEmpty() ? m_strFile : QDir(folder).filePath(m_strFile);
@@ -23,24 +29,58 @@ QString CQRDObjectAni::FilePath() const {
 
 void CQRDObjectAni::AfterLoad() {
     CQRDObject::AfterLoad();
-    QFile file(FilePath());
-    if (!m_pPage || (!m_strFile.isEmpty() && file.open(QIODevice::ReadOnly))) return;
-    m_pPage->ObjectRemovedItself(this);
+    if (!m_pPage) return;
+    if (m_strFile.isEmpty() || !QFileInfo(FilePath()).isFile()) {
+        m_pPage->ObjectRemovedItself(this);
+        return;
+    }
+    // A file of a kind no source reads stays on the page without a still.
+    if (!m_pStill)
+        if (auto player = CreateMediaPlayer(FilePath())) TakeStillFrame(*player);
 }
 
-// A grey frame with a cross: where the still frame will stand.
-void CQRDObjectAni::Draw() {
-    if (!m_pPage || !m_pPage->GetCanvasBits()) return;
-    const int width = m_pPage->GetCanvasWidth(), height = m_pPage->GetCanvasHeight();
-    const UstRect r = ScrolledViewRect();
-    if (!Meets(r, {0, 0, width, height}) || r.Width() < 2 || r.Height() < 2) return;
-    QImage canvas = WrapBlock(m_pPage->GetCanvasBits(), width, height);
-    QPainter painter(&canvas);
-    painter.setPen(QPen(QColor(128, 128, 128), 1));
-    const QRect box(r.left, r.top, r.Width() - 1, r.Height() - 1);
-    painter.drawRect(box);
-    painter.drawLine(box.topLeft(), box.bottomRight());
-    painter.drawLine(box.topRight(), box.bottomLeft());
+void CQRDObjectAni::FreeStill() {
+    m_pStill.reset();
+    m_nStillWidth = m_nStillHeight = 0;
+    m_pScaled.reset();
+}
+
+void CQRDObjectAni::Attach(CPageContext* page) {
+    m_pPage = page;
+    m_rcView = {};
+    m_rcHandle = {};
+    m_pScaled.reset();
+}
+
+void CQRDObjectAni::ReleaseCache() {
+    FreeStill();
+}
+
+void CQRDObjectAni::OnZoom() {
+    CQRDObject::OnZoom();
+    m_pScaled.reset();
+}
+
+bool CQRDObjectAni::Execute(const void* args, uint32_t code) {
+    if (code != CMD_ANIMATION_PROPERTIES) return CQRDObject::Execute(args, code);
+    if (!args) return false;
+    const int32_t repeat = std::clamp(*static_cast<const int32_t*>(args), 0, MAX_ANIMATION_REPEAT);
+    if (repeat == m_words.nRepeat) return false;
+    m_words.nRepeat = repeat;
+    return true;
+}
+
+int CQRDObjectAni::OpenAnimation(UstAniPlay& out, float scaleX, float scaleY) const {
+    const QString path = FilePath();
+    if (m_strFile.isEmpty() || !QFileInfo(path).isFile()) return 0;
+    out.strFile = path;
+    out.rcTarget = {RoundToInt(static_cast<float>(m_rcStored.left) * scaleX),
+                    RoundToInt(static_cast<float>(m_rcStored.top) * scaleY),
+                    RoundToInt(static_cast<float>(m_rcStored.right) * scaleX),
+                    RoundToInt(static_cast<float>(m_rcStored.bottom) * scaleY)};
+    out.pWords = &m_words;
+    out.pObject = this;
+    return 1;
 }
 
 void CQRDObjectAni::Serialize(CByteWriter& out) const {
@@ -57,6 +97,7 @@ bool CQRDObjectAni::Deserialize(CByteReader& in) {
     m_words = in.Get<UstAniWords>();
     if (hasOldRect) m_rcOld = in.Get<UstRect>();
     CheckArchivedRect(m_rcStored, "an animation");
+    FreeStill();
     UpdateView();
     RecalcHandles();
     return true;
@@ -69,7 +110,12 @@ void CQRDObjectAni::SaveStateBody(CByteWriter& out) const {
 
 bool CQRDObjectAni::LoadStateBody(CByteReader& in, int) {
     m_words = in.Get<UstAniWords>();
-    m_strFile = ReadArchiveString(in);
+    const QString file = ReadArchiveString(in);
+    if (file != m_strFile) {
+        m_strFile = file;
+        FreeStill();
+    }
+    m_pScaled.reset();
     return true;
 }
 

@@ -130,6 +130,11 @@ void CQRDObjectGroup::DrawTo(uint32_t* bits, int width, int height) {
         m->DrawTo(bits, width, height);
 }
 
+void CQRDObjectGroup::DrawForPlay(uint32_t* bits, int width, int height) {
+    for (auto& m : m_listChild)
+        m->DrawForPlay(bits, width, height);
+}
+
 void CQRDObjectGroup::UpdateStored(bool keepSize) {
     for (auto& m : m_listChild)
         m->UpdateStored(keepSize);

@@ -34,6 +34,7 @@ public:
     void RecalcHandles() override;
     void Draw() override;
     void DrawTo(uint32_t* bits, int width, int height) override;
+    void DrawForPlay(uint32_t* bits, int width, int height) override;
     void UpdateStored(bool keepSize) override;
     void OnZoom() override;
     void SaveStateDeep(CByteWriter& out) const override;

@@ -86,6 +86,9 @@ public:
     virtual void DrawTypingMark() {}
     virtual void Draw() {}
     virtual void DrawTo(uint32_t* /*bits*/, int /*width*/, int /*height*/) {}
+    // What a play frame takes of the object: as DrawTo, except for what the
+    // live stage plays over the page.
+    virtual void DrawForPlay(uint32_t* bits, int width, int height) { DrawTo(bits, width, height); }
     virtual void UpdateView();
     virtual void UpdateStoredMoved(int width, int height);
     virtual void UpdateStored(bool keepSize);

@@ -1,5 +1,6 @@
 #include "project/page_manager.h"
 
+#include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
 #include "objects/shape_object.h"
@@ -160,6 +161,10 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
         case CMD_INSERT_PICTURE:
         case CMD_INSERT_PICTURE_FILE:
             return arg && InsertPicture(*static_cast<const QString*>(arg)) ? 1 : 0;
+        case CMD_INSERT_ANIMATION:
+            return arg && InsertAnimation(*static_cast<const QString*>(arg)) ? 1 : 0;
+        case CMD_ANIMATION_PROPERTIES:
+            return AnimationProperties(arg);
         case CMD_INSERT_BACKGROUND:
         case CMD_INSERT_BACKGROUND_FILE:
             return arg ? InsertBackground(*static_cast<const QString*>(arg)) : 0;
@@ -456,6 +461,15 @@ CQRDObject* CPageManager::AddObject(std::unique_ptr<CQRDObject> object) {
     raw->Attach(this);
     raw->OnZoom();
     m_objects.push_back(std::move(object));
+    return raw;
+}
+
+CQRDObject* CPageManager::InsertNew(std::unique_ptr<CQRDObject> object) {
+    const UstRect before = SelectionWindowRect();
+    CQRDObject* raw = AddObject(std::move(object));
+    SelectOnly(raw);
+    Redraw(before);
+    Tail();
     return raw;
 }
 

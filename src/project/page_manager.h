@@ -31,6 +31,7 @@ enum EPageCommand : uint32_t {
     CMD_INSERT_BACKGROUND = 240,
     CMD_ERASE_BACKGROUND = 241,
     CMD_INSERT_PICTURE = 243,
+    CMD_INSERT_ANIMATION = 245,
     CMD_INSERT_BACKGROUND_FILE = 40050,
     CMD_INSERT_PICTURE_FILE = 40051,
     CMD_PAGE_TYPE = 736,
@@ -58,7 +59,9 @@ enum EHitResult : int {
 
 class CArchiveIn;
 class CArchiveOut;
+class CQRDObjectAni;
 class CQRDObjectGroup;
+struct UstAniPlay;
 class CQRDObjectPicture;
 class CQRDObjectShape;
 
@@ -137,6 +140,15 @@ public:
     // Pictures and backgrounds, as their commands do them: a picture from a
     // file, selected alone, or null when the file cannot be used.
     CQRDObjectPicture* InsertPicture(const QString& source);
+    // An animation from an ANI32, QRDANI or video file, at the file's frame
+    // size with its first frame as the still, selected alone; null when no
+    // source reads the file.
+    CQRDObjectAni* InsertAnimation(const QString& source);
+    // The play count of the selected animation.
+    int AnimationProperties(const void* repeat);
+    // One entry for each animation of the page, groups included, whose file
+    // is there, its box scaled from the project's frame to w x h.
+    void CollectAnimations(std::vector<UstAniPlay>& out, int w, int h) const;
     int InsertBackground(const QString& source);
     // A page that is not on the canvas takes a background already in the
     // object folder, and its image is made anew.
@@ -151,6 +163,8 @@ public:
     // Adding and selecting, for the commands that create objects and the
     // canvas's gestures.
     CQRDObject* AddObject(std::unique_ptr<CQRDObject> object);
+    // A new object on top, selected alone and drawn, as one undo step.
+    CQRDObject* InsertNew(std::unique_ptr<CQRDObject> object);
     // A new shape of the kind over the rectangle (page pixels at the zoom),
     // selected alone, as one undo step; null for an empty rectangle.
     CQRDObjectShape* AddShape(int kind, const UstRect& view, const UstAttr& attr,

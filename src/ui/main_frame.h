@@ -79,6 +79,12 @@ public:
     static QStringList ShapeKindTitles();
     // The file dialog's filter of the picture kinds that can be read.
     static QString PictureFileFilter();
+    static QString AnimationFileFilter();
+    // Inserts an animation from its file, or from pictures of a numbered
+    // sequence converted first; says why when it cannot.
+    bool InsertAnimationFiles(const QStringList& files);
+    // "Animation Properties" for the one selected animation.
+    void ShowAnimationProperties();
 
     // The project commands of the File menu.
     void NewProject();
@@ -139,6 +145,8 @@ private:
     void AddPageActions(QMenu* menu);
     void InsertBackgroundToAll();
     void InsertPictureFile(uint32_t command);
+    void InsertAnimationFile();
+    QString ConvertSequence(const QStringList& files, const QString& objectFolder);
     void ChoosePictureAlpha();
     void StartShape(int kind);
     void ApplyPaint(int slot, const UstFill& fill);

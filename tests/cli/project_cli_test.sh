@@ -11,18 +11,8 @@ rm -rf "$work"
 mkdir -p "$work"
 "$make_samples" "$work/samples" >/dev/null
 
-fail() {
-    echo "FAIL: $*" >&2
-    exit 1
-}
-
-# expect STATUS COMMAND...: the command exits with STATUS; stderr kept in $work/err.
-expect() {
-    local want=$1 got=0
-    shift
-    "$@" >"$work/out" 2>"$work/err" || got=$?
-    [ "$got" -eq "$want" ] || fail "$* exited $got, not $want: $(cat "$work/err")"
-}
+# shellcheck source=cli_checks.sh
+source "$(dirname "$0")/cli_checks.sh"
 
 for project in "$work"/samples/*/project.qrdprj; do
     expect 0 "$cli" resave "$project" "$work/resaved.qrdprj"
