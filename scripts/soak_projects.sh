@@ -48,7 +48,7 @@ for ((round = 1; round <= rounds; ++round)); do
     fi
     if [[ -n $previous && -s $log ]]; then
         read -r how state pages < <(head -1 "$log")
-        if ! allowed_after "$previous" | grep -qx "$state $pages"; then
+        if ! allowed_after "$previous" | grep -qxF -- "$state $pages"; then
             echo "round $round: opened state $state/$pages pages; allowed:" \
                 "$(allowed_after "$previous" | tr '\n' ';')" >&2
             exit 1
