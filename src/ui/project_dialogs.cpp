@@ -181,7 +181,8 @@ void CDlgOpenPrj::Rescan() {
     }
     m_pList->sortItems(m_nSortedCol, m_bAscending ? Qt::AscendingOrder : Qt::DescendingOrder);
     // Dates are read whole, not cut off behind an ellipsis.
-    for (int c = 0; c < m_pList->columnCount(); ++c) m_pList->resizeColumnToContents(c);
+    for (int c = 0; c < m_pList->columnCount(); ++c)
+        m_pList->resizeColumnToContents(c);
     ShowSelected();
 }
 

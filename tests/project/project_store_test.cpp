@@ -39,6 +39,14 @@ protected:
     }
     // Opens the project afresh, as a new run of the program would.
     UstOpenOutcome Open(CProjectManager& project) { return OpenProjectFiles(project, paths); }
+    // A whole session: open, one edit, save, a clean close.
+    void SaveAndClose(int width) {
+        CProjectManager project;
+        ASSERT_TRUE(Open(project).bOpened);
+        Edit(project, width);
+        ASSERT_TRUE(SaveWorkingFile(project, paths, nullptr));
+        ASSERT_TRUE(PromoteWorkingFile(paths));
+    }
     // Adds one shape (each a different width) to the first page, making
     // the page if there is none.
     void Edit(CProjectManager& project, int width) {
@@ -118,13 +126,7 @@ TEST_F(ProjectStore, AfterACrashTheLastSaveComesBack) {
 }
 
 TEST_F(ProjectStore, AfterACrashWithoutASaveTheOpenedStateComesBack) {
-    {
-        CProjectManager project;
-        ASSERT_TRUE(Open(project).bOpened);
-        Edit(project, 11);
-        ASSERT_TRUE(SaveWorkingFile(project, paths, nullptr));
-        ASSERT_TRUE(PromoteWorkingFile(paths));
-    }
+    ASSERT_NO_FATAL_FAILURE(SaveAndClose(11));
     {
         CProjectManager project;
         ASSERT_TRUE(Open(project).bOpened);
@@ -139,13 +141,7 @@ TEST_F(ProjectStore, AfterACrashWithoutASaveTheOpenedStateComesBack) {
 // "No" at close drops everything since the project was opened, saves
 // included: the project file holds the state from before.
 TEST_F(ProjectStore, ClosingWithoutKeepingLeavesTheStateFromBeforeTheOpen) {
-    {
-        CProjectManager project;
-        ASSERT_TRUE(Open(project).bOpened);
-        Edit(project, 11);
-        ASSERT_TRUE(SaveWorkingFile(project, paths, nullptr));
-        ASSERT_TRUE(PromoteWorkingFile(paths));
-    }
+    ASSERT_NO_FATAL_FAILURE(SaveAndClose(11));
     CProjectManager project;
     ASSERT_TRUE(Open(project).bOpened);
     Edit(project, 44);
@@ -176,13 +172,7 @@ TEST_F(ProjectStore, AWorkingFileWithoutAProjectFileRecreatesIt) {
 // A working file damaged by something else never replaces a good project
 // file: it is kept aside under another name and the user told so.
 TEST_F(ProjectStore, ADamagedWorkingFileIsPutAsideNotTrusted) {
-    {
-        CProjectManager project;
-        ASSERT_TRUE(Open(project).bOpened);
-        Edit(project, 11);
-        ASSERT_TRUE(SaveWorkingFile(project, paths, nullptr));
-        ASSERT_TRUE(PromoteWorkingFile(paths));
-    }
+    ASSERT_NO_FATAL_FAILURE(SaveAndClose(11));
     QFile bad(paths.strBackupPath);
     ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
     bad.write(QByteArray(300, '\x7F'));
