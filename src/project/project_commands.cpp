@@ -51,6 +51,10 @@ int CProjectManager::ExecCommand(const void* arg, uint32_t id) {
             return arg ? CutPages(*static_cast<QMimeData*>(const_cast<void*>(arg))) : 0;
         case CMD_PASTE:
             return arg ? Paste(*static_cast<const QMimeData*>(arg)) : 0;
+        case CMD_UNDO:
+            return Undo();
+        case CMD_REDO:
+            return Redo();
         default:
             return 0;
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <stdexcept>
 
 #include "project/archive.h"
 #include "project/project_manager.h"
@@ -33,7 +34,11 @@ void CUndoLog::PushPages(const std::vector<const CPageManager*>& pages, uint32_t
     uint32_t offset = UNDO_ROWS_AT + UNDO_ROW_SIZE * static_cast<uint32_t>(pages.size());
     for (const CPageManager* page : pages) {
         CArchiveOut ar;
-        page->SerializeSnapshot(ar);
+        try {
+            page->SerializeSnapshot(ar);
+        } catch (const std::logic_error&) {
+            return;  // a stand-in object that no file can hold: no record
+        }
         int index = -1;
         m_pProject->FindPage(page->m_nIdentity, &index);
         head.Put(page->m_nIdentity);
