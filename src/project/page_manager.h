@@ -283,6 +283,7 @@ private:
     int ResetKey();
     int PasteIntoEditedText(const QMimeData* mime);
     bool ReadFlatPage(CByteReader& in, bool clone);
+    void KeepUnchanged(std::vector<std::unique_ptr<CQRDObject>>& loaded);
     int CutSelection(QMimeData* mime);
     void DrawBackgroundStep(const UstEnv& env);
     void ReloadBackground();

@@ -110,8 +110,9 @@ void CPageManager::SerializeSnapshot(CArchiveIn& ar) {
     auto objects = ar.ReadObjectList();
 
     m_selection.clear();
+    KeepUnchanged(objects);
     for (auto& o : m_objects)
-        if (m_pDoc) m_pDoc->ObjectRemoved(o.get());
+        if (o && m_pDoc) m_pDoc->ObjectRemoved(o.get());
     m_objects = std::move(objects);
     m_gone.clear();
     m_nPageType = type;
@@ -123,7 +124,7 @@ void CPageManager::SerializeSnapshot(CArchiveIn& ar) {
     m_fScrollFrac = frac;
     m_effect = effect;
     for (auto& o : m_objects)
-        o->Attach(this);
+        if (o->m_pPage != this) o->Attach(this);
     if (m_bActive) {
         Activate(false);
         DrawHandles();
@@ -135,6 +136,19 @@ void CPageManager::SerializeSnapshot(CArchiveIn& ar) {
     if (!m_bActive) m_background.ReleasePixels();
     RebuildPageText(false);
     SetModified(true);
+}
+
+void CPageManager::KeepUnchanged(std::vector<std::unique_ptr<CQRDObject>>& loaded) {
+    // An undo usually changes one object: the others stay as they are, with
+    // the layers they have drawn, instead of being drawn anew.
+    const size_t n = std::min(loaded.size(), m_objects.size());
+    for (size_t i = 0; i < n; ++i) {
+        if (m_objects[i]->GetType() != loaded[i]->GetType() || m_objects[i]->IsEditing()) continue;
+        CByteWriter now, then;
+        m_objects[i]->SaveStateDeep(now);
+        loaded[i]->SaveStateDeep(then);
+        if (now.Bytes() == then.Bytes()) loaded[i] = std::move(m_objects[i]);
+    }
 }
 
 uint32_t CPageManager::GetFlatSize() const {
