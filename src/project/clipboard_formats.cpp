@@ -21,9 +21,8 @@ std::vector<uint8_t> MimeBlock(const QMimeData& mime, const char* type) {
 }
 
 void SetMimeBlock(QMimeData& mime, const char* type, const std::vector<uint8_t>& block) {
-    mime.setData(QString::fromLatin1(type),
-                 QByteArray(reinterpret_cast<const char*>(block.data()),
-                            static_cast<qsizetype>(block.size())));
+    mime.setData(QString::fromLatin1(type), QByteArray(reinterpret_cast<const char*>(block.data()),
+                                                       static_cast<qsizetype>(block.size())));
 }
 
 QString MimeSourceFolder(const QMimeData& mime) {

@@ -47,8 +47,8 @@ int CPageManager::CutSelection(QMimeData* mime) {
     return Tail();
 }
 
-int CPageManager::AddObjectsFromFlat(const std::vector<uint8_t>& block,
-                                     const QString& sourceFolder, bool activePage) {
+int CPageManager::AddObjectsFromFlat(const std::vector<uint8_t>& block, const QString& sourceFolder,
+                                     bool activePage) {
     CByteReader in(block);
     if (in.Remaining() < 4) return 0;
     const auto count = in.Get<uint32_t>();

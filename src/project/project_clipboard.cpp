@@ -123,9 +123,9 @@ int CProjectManager::CopyPages(int index, QMimeData& mime) const {
 
 int CProjectManager::CutPages(QMimeData& mime) {
     std::vector<int> doomed = CopiedPageIndices(-1);
-    doomed.erase(std::remove_if(doomed.begin(), doomed.end(),
-                                [this](int i) { return !IsPageDeletable(i); }),
-                 doomed.end());
+    doomed.erase(
+        std::remove_if(doomed.begin(), doomed.end(), [this](int i) { return !IsPageDeletable(i); }),
+        doomed.end());
     if (doomed.empty()) return 0;
     if (m_pCurPage) m_pCurPage->EndTextEdit();
     std::vector<const CPageManager*> pages;

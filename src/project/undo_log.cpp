@@ -172,8 +172,7 @@ void CUndoLog::UndoEdit(const Record& record) {
     const bool single = popped.size() == 1;
     if (single) {
         int index = -1;
-        if (m_pProject->FindPage(popped.front().nIdentity, &index))
-            m_pProject->ShowPage(index);
+        if (m_pProject->FindPage(popped.front().nIdentity, &index)) m_pProject->ShowPage(index);
     }
     for (const Record& older : m_undo) {
         if (pending.empty()) break;

@@ -15,7 +15,7 @@ class CPageManager;
 class CProjectManager;
 
 enum EUndoKind : uint32_t {
-    UNDO_BASE = 0,           // every page after a load; never undone itself
+    UNDO_BASE = 0,  // every page after a load; never undone itself
     UNDO_PAGES_ADDED = 1,
     UNDO_PAGES_REMOVED = 2,
     UNDO_PAGES_EDITED = 4

@@ -49,9 +49,7 @@ protected:
     }
     CPageManager& Cur() { return *project.GetCurPage(); }
     // One edit of the current page through its command routine.
-    void AddBox(int x) {
-        Cur().InsertNew(Box(x));
-    }
+    void AddBox(int x) { Cur().InsertNew(Box(x)); }
     void Nudge(int dx) {
         const UstPoint d{dx, 0};
         ASSERT_EQ(Cur().ExecCommand(&d, CMD_NUDGE_RIGHT), 1);
