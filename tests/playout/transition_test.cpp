@@ -122,6 +122,41 @@ INSTANTIATE_TEST_SUITE_P(Heights, Blinds,
                                          UstBlindsCase{"pal", 576, 96, 0},
                                          UstBlindsCase{"1080i5994", 1000, 166, 4}));
 
+// Where each pattern begins: after the first frame of 1280 x 720 at speed
+// 10, one point that must show the page and one that must still be empty.
+// The centre of the rays is (639, 359), and (640, 360) for eight spokes;
+// the four spokes of effect 29 start at border entries 0, 1000, 2000 and
+// 3000 of 4000: up, right (1279, 359), down (640, 719), left (0, 360).
+TEST(StepLoop, EachPatternStartsWhereItShould) {
+    struct UstStart {
+        int number, xIn, yIn, xOut, yOut;
+    };
+    const UstStart starts[] = {
+        {14, 0, 0, 1279, 0},      {14, 1279, 30, 0, 30},    {15, 0, 0, 0, 719},
+        {15, 40, 719, 40, 0},     {18, 0, 3, 0, 719},       {19, 1279, 0, 0, 0},
+        {20, 5, 0, 1279, 0},      {21, 0, 716, 0, 0},       {22, 0, 1, 639, 359},
+        {23, 639, 359, 0, 0},     {24, 0, 360, 0, 0},       {25, 639, 100, 639, 600},
+        {26, 660, 0, 620, 0},     {29, 639, 50, 1230, 50},  {29, 1230, 359, 1230, 50},
+        {29, 640, 700, 1230, 50}, {29, 50, 360, 1230, 50},  {30, 640, 50, 1230, 50},
+        {31, 0, 0, 0, 359},       {31, 0, 719, 0, 359},     {32, 0, 359, 0, 0},
+        {33, 0, 0, 639, 0},       {34, 639, 0, 0, 0},       {34, 640, 0, 1279, 0}};
+    UstRig rig("720p5994", EPlayoutClock::HAND);
+    for (const UstStart& s : starts) {
+        rig.Reset();
+        UstPageEffect request = Request(s.number, 10, false, s.number, 10, false);
+        std::vector<uint32_t> first;
+        RunByHand(
+            rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
+            [&](int frame) {
+                if (frame == 1) first = rig.PageView();
+            });
+        const size_t in = static_cast<size_t>(s.yIn) * 1280 + s.xIn;
+        const size_t out = static_cast<size_t>(s.yOut) * 1280 + s.xOut;
+        EXPECT_EQ(first[in], rig.page[in]) << s.number;
+        EXPECT_EQ(first[out], 0u) << s.number;
+    }
+}
+
 // 1080 / 4 = 270 sub-steps, two to a frame, then the frame of the last
 // capture. With the fade on, one level a sub-step, from 0 up to
 // trunc(255 x 1076 / 1080) = 254, never 255.
