@@ -5,6 +5,7 @@
 
 #include "output_commands.h"
 #include "samples/demo_page.h"
+#include "transition_command.h"
 
 namespace {
 
@@ -14,6 +15,7 @@ const char* const HELP =
     "       orvantis-cli modes\n"
     "       orvantis-cli output [--output SPEC] [--mode MODE] [--frames N] [--queue N]\n"
     "       orvantis-cli frames FILE.mkv DIR\n"
+    "       orvantis-cli transition PROJECT PAGE --in N --out M [options]\n"
     "\n"
     "The headless companion of the Orvantis-HD editor. It will render pages to\n"
     "images, report on and re-save projects, convert image sequences to ANI32\n"
@@ -35,7 +37,19 @@ const char* const HELP =
     "                     1080p5994, 1080p60 (default 1080i5994)\n"
     "      --queue N      frames the output may hold before the playout waits (3)\n"
     "  frames FILE.mkv DIR\n"
-    "                write each frame of a file output to DIR as a PNG with its key\n";
+    "                write each frame of a file output to DIR as a PNG with its key\n"
+    "  transition PROJECT PAGE --in N --out M\n"
+    "                take a page on air and off again with the transitions N and M\n"
+    "                (2 to 34, as the gallery numbers them from \"No transition\");\n"
+    "                until project files can be read, PROJECT PAGE is 'demo 1', the\n"
+    "                built-in sample page\n"
+    "      --speed S      1 to 10, for both (4)\n"
+    "      --fade         the key fades with both\n"
+    "      --hold N       frames on air between the two (1)\n"
+    "      --mode MODE    as for output (1080i5994)\n"
+    "      --sheet OUT.png  a contact sheet of 24 evenly spaced frames, each with\n"
+    "                     its number, stage and key level\n"
+    "      --output SPEC  play in real time to an output, as for output\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {
@@ -64,6 +78,8 @@ int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "modes") == 0) return orv::cli::ListModes(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "output") == 0) return orv::cli::PlayTestCard(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "frames") == 0) return orv::cli::UnpackFrames(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "transition") == 0)
+        return orv::cli::PlayTransition(argc, argv);
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
             std::printf("orvantis-cli 1.62\n");
