@@ -1,9 +1,14 @@
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
+#include "media/avi_player.h"
+#include "media_commands.h"
 #include "output_commands.h"
+#include "project_commands.h"
 #include "samples/demo_page.h"
 #include "transition_command.h"
 
@@ -15,11 +20,17 @@ const char* const HELP =
     "       orvantis-cli modes\n"
     "       orvantis-cli output [--output SPEC] [--mode MODE] [--frames N] [--queue N]\n"
     "       orvantis-cli frames FILE.mkv DIR\n"
+    "       orvantis-cli info [--json] PROJECT\n"
+    "       orvantis-cli resave PROJECT OUT\n"
+    "       orvantis-cli render PROJECT PAGE OUT.png|OUT.tga\n"
+    "       orvantis-cli export-all PROJECT DIR\n"
+    "       orvantis-cli seq2ani OUT.ani32 FILES...|FOLDER\n"
+    "       orvantis-cli ani-info FILE\n"
+    "       orvantis-cli ani-frame FILE N OUT.png\n"
     "       orvantis-cli transition PROJECT PAGE --in N --out M [options]\n"
     "\n"
-    "The headless companion of the Orvantis-HD editor. It will render pages to\n"
-    "images, report on and re-save projects, convert image sequences to ANI32\n"
-    "and play a page to an output, as those parts of the system arrive.\n"
+    "The headless companion of the Orvantis-HD editor. PROJECT is a project\n"
+    "file (project.qrdprj); its Data and Object folders lie beside it.\n"
     "\n"
     "  --help        show this text\n"
     "  --version     show the version\n"
@@ -38,18 +49,38 @@ const char* const HELP =
     "      --queue N      frames the output may hold before the playout waits (3)\n"
     "  frames FILE.mkv DIR\n"
     "                write each frame of a file output to DIR as a PNG with its key\n"
+    "  info          the header, and per page its type, effect settings and\n"
+    "                objects with their kind, box and text; --json prints one\n"
+    "                JSON object instead\n"
+    "  resave        load the project and save it as OUT\n"
+    "  render        draw page PAGE (counted from 1) at the frame size, as it\n"
+    "                goes to air, with its transparency\n"
+    "  export-all    every page as DIR/page001.png, page002.png, ...\n"
+    "  seq2ani       convert TGA or PNG pictures to an ANI32 animation: the\n"
+    "                files in the order given, or the pictures of a folder in\n"
+    "                the order of the number in their names; pictures of\n"
+    "                another size than the first are left out\n"
+    "  ani-info      frame count, size and rate of an ANI32, QRDANI or video\n"
+    "                file, and for the first two each frame's offset checked\n"
+    "  ani-frame     frame N (counted from 0) of an animation or video as a PNG\n"
+    "\n"
     "  transition PROJECT PAGE --in N --out M\n"
-    "                take a page on air and off again with the transitions N and M\n"
-    "                (2 to 34, as the gallery numbers them from \"No transition\");\n"
-    "                until project files can be read, PROJECT PAGE is 'demo 1', the\n"
-    "                built-in sample page\n"
+    "                take page PAGE on air and off again with the transitions N and\n"
+    "                M (2 to 34, as the gallery numbers them from \"No transition\");\n"
+    "                PROJECT 'demo' stands for the built-in sample page, PAGE 1\n"
     "      --speed S      1 to 10, for both (4)\n"
     "      --fade         the key fades with both\n"
     "      --hold N       frames on air between the two (1)\n"
-    "      --mode MODE    as for output (1080i5994)\n"
+    "      --mode MODE    as for output (by default the mode of the project's\n"
+    "                     frame size, 1080i5994 for 1920 x 1080)\n"
     "      --sheet OUT.png  a contact sheet of 24 evenly spaced frames, each with\n"
     "                     its number, stage and key level\n"
-    "      --output SPEC  play in real time to an output, as for output\n";
+    "      --output SPEC  play in real time to an output, as for output\n"
+    "\n"
+    "info, resave, render, export-all, seq2ani, ani-info, ani-frame and\n"
+    "transition exit with 0 when done, 1 when a file does not load, is damaged\n"
+    "or cannot be written (one line on stderr names the file and the reason),\n"
+    "and 2 on bad usage.\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {
@@ -71,10 +102,35 @@ int Demo(int argc, char** argv) {
     return 0;
 }
 
+struct UstCommand {
+    const char* name;
+    int (*run)(const std::vector<QString>&);
+};
+
+constexpr UstCommand FILE_COMMANDS[] = {
+    {"info", orv::cli::Info},
+    {"resave", orv::cli::Resave},
+    {"render", orv::cli::Render},
+    {"export-all", orv::cli::ExportAll},
+    {"seq2ani", orv::cli::SequenceToAni},
+    {"ani-info", orv::cli::AniInfo},
+    {"ani-frame", orv::cli::AniFrame},
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "demo") == 0) return Demo(argc, argv);
+    for (const UstCommand& c : FILE_COMMANDS) {
+        if (argc < 2 || std::strcmp(argv[1], c.name) != 0) continue;
+        // Image plug-ins for pictures and backgrounds are found through it.
+        QCoreApplication app(argc, argv);
+        orv::QuietMediaDiagnostics();
+        std::vector<QString> args;
+        for (int i = 2; i < argc; ++i)
+            args.push_back(QString::fromLocal8Bit(argv[i]));
+        return c.run(args);
+    }
     if (argc >= 2 && std::strcmp(argv[1], "modes") == 0) return orv::cli::ListModes(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "output") == 0) return orv::cli::PlayTestCard(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "frames") == 0) return orv::cli::UnpackFrames(argc, argv);

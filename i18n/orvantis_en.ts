@@ -166,7 +166,45 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgProgress</name>
+    <message>
+        <source>Converting...</source>
+        <translation>Converting...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPropAni</name>
+    <message>
+        <source>Animation Properties</source>
+        <translation>Animation Properties</translation>
+    </message>
+    <message>
+        <source>FPS:</source>
+        <translation>FPS:</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>Repeat:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CMainFrame</name>
+    <message>
+        <source>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</source>
+        <translation>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Failed converting TGA(PNG) sequence files to animation file.</source>
+        <translation>Failed converting TGA(PNG) sequence files to animation file.</translation>
+    </message>
+    <message>
+        <source>Failed inserting animation file</source>
+        <translation>Failed inserting animation file</translation>
+    </message>
     <message>
         <source>Program was not closed properly.
 Recovering from the last modification.</source>
@@ -210,6 +248,38 @@ Program Monitor</translation>
         <translation>To apply changes, the program must be restarted. Terminate program?</translation>
     </message>
     <message>
+        <source>Project files (*.qrdprj);;All files (*)</source>
+        <translation>Project files (*.qrdprj);;All files (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project File...</source>
+        <translation>&amp;Open Project File...</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>Open Project File</source>
+        <translation>Open Project File</translation>
+    </message>
+    <message>
+        <source>The project %1 could not be opened:
+%2</source>
+        <translation>The project %1 could not be opened:
+%2</translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>Save Project</translation>
+    </message>
+    <message>
+        <source>The project could not be saved:
+%1</source>
+        <translation>The project could not be saved:
+%1</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -234,6 +304,24 @@ Background...</translation>
 Erase Background</source>
         <translation>Erase the background picture
 Erase Background</translation>
+    </message>
+    <message>
+        <source>Insert animation
+Animation...</source>
+        <translation>Insert animation
+Animation...</translation>
+    </message>
+    <message>
+        <source>Animation properties
+Animation Properties...</source>
+        <translation>Animation properties
+Animation Properties...</translation>
+    </message>
+    <message>
+        <source>Play the selected animation through on the canvas
+Preview Animation</source>
+        <translation>Play the selected animation through on the canvas
+Preview Animation</translation>
     </message>
     <message>
         <source>Start keying
@@ -264,10 +352,6 @@ Group</translation>
 Ungroup</source>
         <translation>Ungroup objects
 Ungroup</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>Open</translation>
     </message>
     <message>
         <source>Failed loading picture.</source>
@@ -817,6 +901,18 @@ Split into Characters</translation>
     <message>
         <source>New Project</source>
         <translation>New Project</translation>
+    </message>
+    <message>
+        <source>The project has no file yet.</source>
+        <translation>The project has no file yet.</translation>
+    </message>
+    <message>
+        <source>The folders Data and Object cannot be made.</source>
+        <translation>The folders Data and Object cannot be made.</translation>
+    </message>
+    <message>
+        <source>Failed copying files.</source>
+        <translation>Failed copying files.</translation>
     </message>
 </context>
 <context>

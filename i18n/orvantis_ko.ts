@@ -166,7 +166,45 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgProgress</name>
+    <message>
+        <source>Converting...</source>
+        <translation>변환 중...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPropAni</name>
+    <message>
+        <source>Animation Properties</source>
+        <translation>애니메이션 속성</translation>
+    </message>
+    <message>
+        <source>FPS:</source>
+        <translation>FPS:</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>반복:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CMainFrame</name>
+    <message>
+        <source>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</source>
+        <translation>애니메이션과 연속 그림 (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;동영상 (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;연속 그림 (*.tga *.png)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
+    </message>
+    <message>
+        <source>Failed converting TGA(PNG) sequence files to animation file.</source>
+        <translation>TGA(PNG) 연속 파일을 애니메이션 파일로 변환하지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>Failed inserting animation file</source>
+        <translation>애니메이션 파일을 삽입하지 못했습니다</translation>
+    </message>
     <message>
         <source>Program was not closed properly.
 Recovering from the last modification.</source>
@@ -210,6 +248,38 @@ Program Monitor</source>
         <translation>변경 사항을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?</translation>
     </message>
     <message>
+        <source>Project files (*.qrdprj);;All files (*)</source>
+        <translation>프로젝트 파일 (*.qrdprj);;모든 파일 (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project File...</source>
+        <translation>프로젝트 파일 열기(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>저장(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Open Project File</source>
+        <translation>프로젝트 파일 열기</translation>
+    </message>
+    <message>
+        <source>The project %1 could not be opened:
+%2</source>
+        <translation>프로젝트 %1을(를) 열 수 없습니다:
+%2</translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>프로젝트 저장</translation>
+    </message>
+    <message>
+        <source>The project could not be saved:
+%1</source>
+        <translation>프로젝트를 저장할 수 없습니다:
+%1</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -234,6 +304,24 @@ Background...</source>
 Erase Background</source>
         <translation>배경 그림 지우기
 배경 지우기</translation>
+    </message>
+    <message>
+        <source>Insert animation
+Animation...</source>
+        <translation>애니메이션 삽입
+애니메이션...</translation>
+    </message>
+    <message>
+        <source>Animation properties
+Animation Properties...</source>
+        <translation>애니메이션 속성
+애니메이션 속성...</translation>
+    </message>
+    <message>
+        <source>Play the selected animation through on the canvas
+Preview Animation</source>
+        <translation>선택한 애니메이션을 캔버스에서 끝까지 재생
+애니메이션 미리보기</translation>
     </message>
     <message>
         <source>Start keying
@@ -264,10 +352,6 @@ Group</source>
 Ungroup</source>
         <translation>개체 그룹 해제
 그룹 해제</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>열기</translation>
     </message>
     <message>
         <source>Failed loading picture.</source>
@@ -817,6 +901,18 @@ Split into Characters</source>
     <message>
         <source>New Project</source>
         <translation>새 프로젝트</translation>
+    </message>
+    <message>
+        <source>The project has no file yet.</source>
+        <translation>프로젝트에 아직 파일이 없습니다.</translation>
+    </message>
+    <message>
+        <source>The folders Data and Object cannot be made.</source>
+        <translation>Data 폴더와 Object 폴더를 만들 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Failed copying files.</source>
+        <translation>파일을 복사하지 못했습니다.</translation>
     </message>
 </context>
 <context>

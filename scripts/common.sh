@@ -7,6 +7,7 @@ ORV_PACKAGES=(
     qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl-dev
     qt6-translations-l10n
     qt6-image-formats-plugins
+    libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     libfreetype-dev libfontconfig-dev fonts-dejavu-core fonts-unfonts-core
     libgtest-dev libgmock-dev googletest libbenchmark-dev clang libclang-rt-14-dev python3
     libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base

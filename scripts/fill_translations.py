@@ -205,6 +205,33 @@ KO = {
         "그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;"
         "BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;"
         "TIFF (*.tif *.tiff);;GIF (*.gif)",
+    "&Open Project File...": "프로젝트 파일 열기(&O)...",
+    "&Save": "저장(&S)",
+    "Open Project File": "프로젝트 파일 열기",
+    "Save Project": "프로젝트 저장",
+    "Project files (*.qrdprj);;All files (*)": "프로젝트 파일 (*.qrdprj);;모든 파일 (*)",
+    "The project %1 could not be opened:\n%2": "프로젝트 %1을(를) 열 수 없습니다:\n%2",
+    "The project could not be saved:\n%1": "프로젝트를 저장할 수 없습니다:\n%1",
+    "The project has no file yet.": "프로젝트에 아직 파일이 없습니다.",
+    "The folders Data and Object cannot be made.": "Data 폴더와 Object 폴더를 만들 수 없습니다.",
+    "Failed copying files.": "파일을 복사하지 못했습니다.",
+    "Converting...": "변환 중...",
+    "Animation Properties": "애니메이션 속성",
+    "FPS:": "FPS:",
+    "Repeat:": "반복:",
+    "Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 "
+    "*.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;"
+    "Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)":
+        "애니메이션과 연속 그림 (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 "
+        "*.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;"
+        "동영상 (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;연속 그림 (*.tga *.png)",
+    "Failed converting TGA(PNG) sequence files to animation file.":
+        "TGA(PNG) 연속 파일을 애니메이션 파일로 변환하지 못했습니다.",
+    "Failed inserting animation file": "애니메이션 파일을 삽입하지 못했습니다",
+    "Insert animation\nAnimation...": "애니메이션 삽입\n애니메이션...",
+    "Animation properties\nAnimation Properties...": "애니메이션 속성\n애니메이션 속성...",
+    "Play the selected animation through on the canvas\nPreview Animation":
+        "선택한 애니메이션을 캔버스에서 끝까지 재생\n애니메이션 미리보기",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)

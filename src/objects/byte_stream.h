@@ -34,7 +34,7 @@ private:
 class CByteReader {
 public:
     CByteReader(const void* data, size_t size)
-        : m_p(static_cast<const uint8_t*>(data)), m_end(m_p + size) {}
+        : m_begin(static_cast<const uint8_t*>(data)), m_p(m_begin), m_end(m_p + size) {}
     explicit CByteReader(const std::vector<uint8_t>& bytes)
         : CByteReader(bytes.data(), bytes.size()) {}
 
@@ -47,12 +47,16 @@ public:
     }
     void GetBytes(void* out, size_t size) {
         if (static_cast<size_t>(m_end - m_p) < size) throw std::out_of_range("short buffer");
+        if (size == 0) return;  // an empty destination may have no address
         std::memcpy(out, m_p, size);
         m_p += size;
     }
     size_t Remaining() const { return static_cast<size_t>(m_end - m_p); }
+    // How far the reading has come, for messages that say where data broke.
+    size_t Offset() const { return static_cast<size_t>(m_p - m_begin); }
 
 private:
+    const uint8_t* m_begin;
     const uint8_t* m_p;
     const uint8_t* m_end;
 };

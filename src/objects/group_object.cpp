@@ -1,6 +1,8 @@
 #include "objects/group_object.h"
 
 #include <algorithm>
+#include <stdexcept>
+#include <string>
 
 #include "objects/archive_fields.h"
 #include "objects/object_factory.h"
@@ -126,6 +128,11 @@ void CQRDObjectGroup::Draw() {
 void CQRDObjectGroup::DrawTo(uint32_t* bits, int width, int height) {
     for (auto& m : m_listChild)
         m->DrawTo(bits, width, height);
+}
+
+void CQRDObjectGroup::DrawForPlay(uint32_t* bits, int width, int height) {
+    for (auto& m : m_listChild)
+        m->DrawForPlay(bits, width, height);
 }
 
 void CQRDObjectGroup::UpdateStored(bool keepSize) {
@@ -254,9 +261,14 @@ bool CQRDObjectGroup::Deserialize(CByteReader& in, const MemberReader& readMembe
     const bool hasOldRect = ReadArchiveHead(in);
     m_rcStored = in.Get<UstRect>();
     if (hasOldRect) m_rcOld = in.Get<UstRect>();
+    CheckArchivedRect(m_rcStored, "a group");
     m_listOrder.clear();
     m_listChild.clear();
     const uint32_t count = ReadArchiveCount(in);
+    // Each member takes two bytes at the very least.
+    if (count > in.Remaining() / 2)
+        throw std::runtime_error("a group counts " + std::to_string(count) +
+                                 " members, more than the file holds");
     for (uint32_t i = 0; i < count; ++i) {
         auto member = readMember(in);
         if (!member) return false;

@@ -34,6 +34,7 @@ public:
     void RecalcHandles() override;
     void Draw() override;
     void DrawTo(uint32_t* bits, int width, int height) override;
+    void DrawForPlay(uint32_t* bits, int width, int height) override;
     void UpdateStored(bool keepSize) override;
     void OnZoom() override;
     void SaveStateDeep(CByteWriter& out) const override;
@@ -62,6 +63,7 @@ public:
     using MemberReader = std::function<std::unique_ptr<CQRDObject>(CByteReader&)>;
     void Serialize(CByteWriter& out, const MemberWriter& writeMember) const;
     bool Deserialize(CByteReader& in, const MemberReader& readMember);
+    const char* ArchiveClassName() const override { return "CQRDObjectGroup"; }
 
     // The members in drawing order, and a second list that, when it has
     // entries, is the order in which moves reach them.

@@ -1,8 +1,10 @@
 #include "objects/object_factory.h"
 
+#include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
 #include "objects/shape_object.h"
+#include "objects/tc_object.h"
 #include "objects/text_object.h"
 
 namespace orv {
@@ -18,6 +20,12 @@ std::unique_ptr<CQRDObject> CreateObjectOfType(int type, CPageContext* page) {
             break;
         case OBJ_PICTURE:
             object = std::make_unique<CQRDObjectPicture>();
+            break;
+        case OBJ_ANIMATION:
+            object = std::make_unique<CQRDObjectAni>();
+            break;
+        case OBJ_TIMER:
+            object = std::make_unique<CQRDObjectTC>();
             break;
         case OBJ_GROUP:
             object = std::make_unique<CQRDObjectGroup>();

@@ -10,6 +10,8 @@
 
 namespace orv {
 
+class CQRDObject;
+
 class CPageContext {
 public:
     virtual ~CPageContext() = default;
@@ -18,8 +20,10 @@ public:
     virtual UstPoint GetCanvasOrigin() const = 0;  // the canvas's corner in the window
     virtual int GetCanvasWidth() const = 0;        // view units
     virtual int GetCanvasHeight() const = 0;
-    virtual uint32_t* GetCanvasBits() = 0;   // premultiplied; null without a view
-    virtual void ObjectRemovedItself() = 0;  // an object that cannot stay
+    virtual uint32_t* GetCanvasBits() = 0;  // premultiplied; null without a view
+    // An object that cannot stay asks its page to let it go. The page takes
+    // it out once the walk over its objects has ended, and deletes it.
+    virtual void ObjectRemovedItself(CQRDObject* object) = 0;
     // Scrolls a long page so that the rectangle (page pixels at the zoom)
     // can be seen.
     virtual void ScrollToShow(const UstRect&) {}

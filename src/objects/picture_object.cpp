@@ -117,6 +117,8 @@ bool CQRDObjectPicture::Deserialize(CByteReader& in) {
     m_effect = in.Get<UstEffect>();
     m_attr = in.Get<UstAttr>();
     if (hasOldRect) m_rcOld = in.Get<UstRect>();
+    CheckArchivedRect(m_rcStored, "a picture");
+    CheckArchivedEffect(m_effect, "a picture");
     m_fZoom = Zoom() / 100.0f;
     ReleaseCache();
     UpdateView();

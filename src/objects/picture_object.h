@@ -55,6 +55,7 @@ public:
     // The file form.
     void Serialize(CByteWriter& out) const;
     bool Deserialize(CByteReader& in);
+    const char* ArchiveClassName() const override { return "CQRDObjectPicture"; }
 
     QString m_strFile;
     int32_t m_bKeying = 0;

@@ -86,6 +86,9 @@ public:
     virtual void DrawTypingMark() {}
     virtual void Draw() {}
     virtual void DrawTo(uint32_t* /*bits*/, int /*width*/, int /*height*/) {}
+    // What a play frame takes of the object: as DrawTo, except for what the
+    // live stage plays over the page.
+    virtual void DrawForPlay(uint32_t* bits, int width, int height) { DrawTo(bits, width, height); }
     virtual void UpdateView();
     virtual void UpdateStoredMoved(int width, int height);
     virtual void UpdateStored(bool keepSize);
@@ -106,6 +109,11 @@ public:
 
     // The text an object adds to its page's text list; only text has any.
     virtual QString GetPlainText() const { return {}; }
+
+    // The class name a project file records for the object, which says how
+    // its file form is written and read; null for a class that never
+    // reaches a file.
+    virtual const char* ArchiveClassName() const { return nullptr; }
 
     // The head every archived object starts with, and its reader, which
     // answers whether an old rectangle follows the class's own fields.

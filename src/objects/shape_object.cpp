@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "objects/archive_fields.h"
 #include "render/shape_path.h"
 
 namespace orv {
@@ -167,6 +168,9 @@ bool CQRDObjectShape::Deserialize(CByteReader& in) {
     m_effect = in.Get<UstEffect>();
     m_attr = in.Get<UstAttr>();
     if (hasOldRect) m_rcOld = in.Get<UstRect>();
+    CheckArchivedRect(m_rcStored, "a shape");
+    CheckArchivedPoint(cx, cy, "a shape's control point");
+    CheckArchivedEffect(m_effect, "a shape");
     m_fZoom = Zoom() / 100.0f;
     SetControl(QPointF(cx, cy));
     UpdateView();

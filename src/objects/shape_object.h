@@ -42,6 +42,7 @@ public:
     // The file form.
     void Serialize(CByteWriter& out) const;
     bool Deserialize(CByteReader& in);
+    const char* ArchiveClassName() const override { return "CQRDObjectShape"; }
 
     // The control point in page units for the box as it stands: a box
     // resized since the point was set carries it along.

@@ -60,7 +60,11 @@ void CQRDObjectText::Relayout() {
 }
 
 void CQRDObjectText::SyncStored() {
-    if (m_fScale > 0) {
+    // An origin that did not move keeps its stored value: dividing by the
+    // scale does not always give back what was multiplied, and a project
+    // opened and saved unchanged must stay the same to the byte.
+    const bool moved = m_fViewX != m_fStoreX * m_fScale || m_fViewY != m_fStoreY * m_fScale;
+    if (moved && m_fScale > 0) {
         m_fStoreX = m_fViewX / m_fScale;
         m_fStoreY = m_fViewY / m_fScale;
     }

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "objects/archive_fields.h"
 #include "render/fixed_string.h"
 #include "render/font_service.h"
 #include "render/pixels.h"
@@ -37,11 +38,25 @@ const QSet<QString>& InstalledFaces() {
     return faces;
 }
 
-bool IsInstalled(const UstFontBlock& font) {
+}  // namespace
+
+bool IsFaceInstalled(const UstFontBlock& font) {
     return InstalledFaces().contains(FixedToQString(&font.szFace).toCaseFolded());
 }
 
-}  // namespace
+UstFontBlock FallbackFontBlock() {
+    if (const CTextEditHost* host = CQRDObjectText::EditHost()) return host->DefaultAttr().font;
+    UstFontBlock fallback{};
+    QStringToFixed(QString::fromStdU16String(DefaultGuiFaceName()), &fallback.szFace);
+    fallback.nCharSet = 1;
+    return fallback;
+}
+
+void TakeFallbackFace(UstFontBlock& font, const UstFontBlock& fallback) {
+    std::memcpy(font.szFace, fallback.szFace, sizeof font.szFace);
+    font.nCharSet = fallback.nCharSet;
+    font.nPitchFamily = fallback.nPitchFamily;
+}
 
 CQRDObjectText::CQRDObjectText(CPageContext* page) : CQRDObject(page) {
     if (s_pHost) {
@@ -225,8 +240,13 @@ bool CQRDObjectText::Deserialize(CByteReader& in) {
     for (UstCharAttr& c : m_arrChar)
         c = in.Get<UstCharAttr>();
     if (hasOldRect) m_rcOld = in.Get<UstRect>();
+    CheckArchivedPoint(m_fStoreX, m_fStoreY, "a text's origin");
+    CheckArchivedEffect(m_effect, "a text");
+    for (const UstCharAttr& c : m_arrChar)
+        CheckArchivedChar(c, "a text");
     m_arrGlyph.assign(m_arrChar.size(), UstFES{});
     RemeasureMissingFaces();
+    CheckLaidOut();
     ScaleFromPage();
     m_fViewX = m_fStoreX * m_fScale;
     m_fViewY = m_fStoreY * m_fScale;
@@ -235,26 +255,28 @@ bool CQRDObjectText::Deserialize(CByteReader& in) {
     return true;
 }
 
+// Characters measured beyond reason would lay the text out past any page;
+// that is found before the rectangle's arithmetic meets it.
+void CQRDObjectText::CheckLaidOut() const {
+    if (m_arrChar.empty()) return;
+    UstTextLayout probe;
+    UstRect rect;
+    LayoutText(probe, m_fStoreX, m_fStoreY, rect, m_arrChar.data(), CharCount(), 1.0f, 1.0f);
+    CheckArchivedRect(rect, "a text");
+}
+
 // A face this machine lacks gives way, for all its characters, to the
 // default face; those are measured again.
 void CQRDObjectText::RemeasureMissingFaces() {
     std::vector<std::pair<QString, bool>> looked;  // this load's answers
-    UstFontBlock fallback{};
-    if (s_pHost) {
-        fallback = s_pHost->DefaultAttr().font;
-    } else {
-        QStringToFixed(QString::fromStdU16String(DefaultGuiFaceName()), &fallback.szFace);
-        fallback.nCharSet = 1;
-    }
+    const UstFontBlock fallback = FallbackFontBlock();
     for (UstCharAttr& c : m_arrChar) {
         const QString face = FixedToQString(&c.font.szFace);
         auto it = std::find_if(looked.begin(), looked.end(),
                                [&](const auto& entry) { return entry.first == face; });
-        if (it == looked.end()) it = looked.insert(looked.end(), {face, IsInstalled(c.font)});
+        if (it == looked.end()) it = looked.insert(looked.end(), {face, IsFaceInstalled(c.font)});
         if (it->second) continue;
-        std::memcpy(c.font.szFace, fallback.szFace, sizeof c.font.szFace);
-        c.font.nCharSet = fallback.nCharSet;
-        c.font.nPitchFamily = fallback.nPitchFamily;
+        TakeFallbackFace(c.font, fallback);
         MeasureChar(c, true);
     }
 }
@@ -414,7 +436,7 @@ bool CQRDObjectText::ApplyPaint(uint32_t code, const UstFill& fill) {
 bool CQRDObjectText::ApplyStyle(const UstText& style) {
     m_attr = style.attr;
     m_effect = style.effect;
-    const bool known = IsInstalled(style.character.font);
+    const bool known = IsFaceInstalled(style.character.font);
     const auto [from, to] = Range();
     for (int i = from; i < to; ++i) {
         UstCharAttr& c = m_arrChar[static_cast<size_t>(i)];

@@ -29,6 +29,14 @@ enum ETextCommand : uint32_t {
     CMD_TEXT_STYLE = 40052
 };
 
+// Whether the face is among the installed families.
+bool IsFaceInstalled(const UstFontBlock& font);
+// The face a missing one gives way to on loading: the editor's default, or
+// the system's interface face when there is no editor.
+UstFontBlock FallbackFontBlock();
+// Face, character set and pitch of the fallback; the size stays.
+void TakeFallbackFace(UstFontBlock& font, const UstFontBlock& fallback);
+
 enum ECaretMove { CARET_RIGHT = 0, CARET_LEFT, CARET_UP, CARET_DOWN, CARET_HOME, CARET_END };
 
 // Input method state bits.
@@ -69,6 +77,7 @@ public:
     // The file form: the archive head, then this class's fields.
     void Serialize(CByteWriter& out) const;
     bool Deserialize(CByteReader& in);
+    const char* ArchiveClassName() const override { return "CQRDObjectText"; }
 
     // Building a text outside the editor (import, splitting, tests).
     void SetChars(std::vector<UstCharAttr> chars);
@@ -193,6 +202,7 @@ private:
     bool SetRotation(int32_t angle);
     void Nudge(int dx, int dy);
     void RemeasureMissingFaces();
+    void CheckLaidOut() const;
 
     static CTextEditHost* s_pHost;
     static CQRDObjectText* s_pEditing;

@@ -1,10 +1,8 @@
 #include "project/object_folder.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QThread>
 
 namespace orv {
 
@@ -21,26 +19,7 @@ bool InFolder(const QString& file, const QString& folder) {
            QFileInfo(QDir(folder).canonicalPath()).absoluteFilePath();
 }
 
-// A free path in the folder under a timestamp name, after up to five tries
-// a millisecond apart; empty when none was free.
-QString FreeTimestampPath(const QDir& folder, const QString& suffix) {
-    for (int attempt = 0; attempt < 5; ++attempt) {
-        if (attempt > 0) QThread::msleep(1);
-        const QString name = MakeTimestampName() + (suffix.isEmpty() ? "" : "." + suffix);
-        if (!QFileInfo::exists(folder.filePath(name))) return name;
-    }
-    return {};
-}
-
 }  // namespace
-
-QString MakeTimestampName() {
-    const QDateTime now = QDateTime::currentDateTime();
-    const QDate d = now.date();
-    const QTime t = now.time();
-    return QString::asprintf("%04d%02d%02d%02d%02d%02d%03d", d.year(), d.month(), d.day(), t.hour(),
-                             t.minute(), t.second(), t.msec());
-}
 
 QString CFileLinkTable::CopyIn(const QString& source, const QString& folder) const {
     const QString key = Canonical(source);
@@ -79,7 +58,8 @@ bool CopyToObjectFolder(const QString& source, QString& outName, const QString& 
     const QDir folder(objectFolder);
     if (!folder.exists() && !QDir().mkpath(objectFolder)) return false;
     QString name = info.fileName();
-    if (QFileInfo::exists(folder.filePath(name))) name = FreeTimestampPath(folder, info.suffix());
+    if (QFileInfo::exists(folder.filePath(name)))
+        name = FreeTimestampName(objectFolder, info.suffix());
     if (name.isEmpty() || !QFile::copy(source, folder.filePath(name))) return false;
     links.Record(source, folder.filePath(name));
     outName = name;

@@ -8,11 +8,9 @@
 
 #include <vector>
 
-namespace orv {
+#include "media/timestamp_name.h"
 
-// Seventeen digits of local time to the millisecond: the name of
-// thumbnails, media copies and style files.
-QString MakeTimestampName();
+namespace orv {
 
 // What this run of the program copied where: each row is a source followed
 // by every copy made of it. Not part of any file.

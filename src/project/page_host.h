@@ -54,7 +54,9 @@ public:
     virtual void RefreshTextList() = 0;
     // An object the ribbon shows is gone: forget it and refresh the controls.
     virtual void ObjectRemoved(CQRDObject* object) = 0;
-    // The project's folder of media copies; empty when there is none.
+    // The project's folders of thumbnails and of media copies, each ending
+    // in a separator; empty while the project has no folder on disk.
+    virtual QString DataFolder() const { return {}; }
     virtual QString ObjectFolder() const { return {}; }
     // What this run of the program copied where.
     virtual CFileLinkTable* FileLinks() { return nullptr; }

@@ -1,5 +1,6 @@
 #include "project/page_manager.h"
 
+#include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
 #include "objects/shape_object.h"
@@ -8,6 +9,7 @@
 #include <cstring>
 
 #include "project/canvas_overlays.h"
+#include "project/thumb_file.h"
 
 namespace orv {
 
@@ -26,6 +28,7 @@ CPageManager::CPageManager(CPageDoc* doc, CPageView* view) : CPageManager() {
         m_nThumbHeight = doc->ThumbHeight();
     }
     m_pThumbBits.assign(static_cast<size_t>(m_nThumbWidth) * m_nThumbHeight, 0);
+    if (doc) m_strThumbFile = CreateThumbFile(doc->DataFolder(), m_nThumbWidth, m_nThumbHeight);
     CopyViewFrame();
 }
 
@@ -49,10 +52,16 @@ void CPageManager::CopyViewFrame() {
 void CPageManager::Attach(CPageDoc* doc, CPageView* view) {
     m_pDoc = doc;
     m_pView = view;
+    if (doc) {
+        m_nThumbWidth = doc->ThumbWidth();
+        m_nThumbHeight = doc->ThumbHeight();
+    }
     CopyViewFrame();
     m_nScrollX = m_nScrollY = 0;
     for (auto& o : m_objects)
         o->Attach(this);
+    // A missing or foreign file leaves the thumbnail blank.
+    m_pThumbBits = ReadThumbFile(ThumbPath(), m_nThumbWidth, m_nThumbHeight);
     RebuildPageText(false);
 }
 
@@ -152,6 +161,10 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
         case CMD_INSERT_PICTURE:
         case CMD_INSERT_PICTURE_FILE:
             return arg && InsertPicture(*static_cast<const QString*>(arg)) ? 1 : 0;
+        case CMD_INSERT_ANIMATION:
+            return arg && InsertAnimation(*static_cast<const QString*>(arg)) ? 1 : 0;
+        case CMD_ANIMATION_PROPERTIES:
+            return AnimationProperties(arg);
         case CMD_INSERT_BACKGROUND:
         case CMD_INSERT_BACKGROUND_FILE:
             return arg ? InsertBackground(*static_cast<const QString*>(arg)) : 0;
@@ -397,6 +410,7 @@ void CPageManager::Activate(bool keepBackground) {
         o->OnZoom();
         o->AfterLoad();
     }
+    DropGoneObjects();
     m_bActive = 1;
     RenderCanvas();
 }
@@ -447,6 +461,15 @@ CQRDObject* CPageManager::AddObject(std::unique_ptr<CQRDObject> object) {
     raw->Attach(this);
     raw->OnZoom();
     m_objects.push_back(std::move(object));
+    return raw;
+}
+
+CQRDObject* CPageManager::InsertNew(std::unique_ptr<CQRDObject> object) {
+    const UstRect before = SelectionWindowRect();
+    CQRDObject* raw = AddObject(std::move(object));
+    SelectOnly(raw);
+    Redraw(before);
+    Tail();
     return raw;
 }
 

@@ -31,6 +31,7 @@ enum EPageCommand : uint32_t {
     CMD_INSERT_BACKGROUND = 240,
     CMD_ERASE_BACKGROUND = 241,
     CMD_INSERT_PICTURE = 243,
+    CMD_INSERT_ANIMATION = 245,
     CMD_INSERT_BACKGROUND_FILE = 40050,
     CMD_INSERT_PICTURE_FILE = 40051,
     CMD_PAGE_TYPE = 736,
@@ -56,7 +57,11 @@ enum EHitResult : int {
     HIT_OTHER = 15
 };
 
+class CArchiveIn;
+class CArchiveOut;
+class CQRDObjectAni;
 class CQRDObjectGroup;
+struct UstAniPlay;
 class CQRDObjectPicture;
 class CQRDObjectShape;
 
@@ -73,9 +78,21 @@ public:
     int GetCanvasWidth() const override { return m_nWidth; }
     int GetCanvasHeight() const override { return m_nHeight; }
     uint32_t* GetCanvasBits() override { return m_pCanvas; }
-    void ObjectRemovedItself() override { SetModified(true); }
+    void ObjectRemovedItself(CQRDObject* object) override;
     void ScrollToShow(const UstRect& r) override;
     QString ObjectFolder() const override;
+
+    // The page body of the project file. Reading throws on damage and
+    // leaves the page unfit for use; the caller drops it.
+    void Serialize(CArchiveOut& ar) const;
+    void Deserialize(CArchiveIn& ar);
+    // After a save: a changed page's thumbnail goes to its file, and the
+    // page counts as saved once it is there.
+    void StoreThumbnail();
+    // Before a save: a changed page made while the project had no folder
+    // gets its thumbnail file now.
+    void EnsureThumbFile();
+    QString ThumbPath() const;
 
     void Attach(CPageDoc* doc, CPageView* view);
     int ExecCommand(const void* arg, uint32_t id, CQRDObject* target = nullptr);
@@ -120,6 +137,15 @@ public:
     // Pictures and backgrounds, as their commands do them: a picture from a
     // file, selected alone, or null when the file cannot be used.
     CQRDObjectPicture* InsertPicture(const QString& source);
+    // An animation from an ANI32, QRDANI or video file, at the file's frame
+    // size with its first frame as the still, selected alone; null when no
+    // source reads the file.
+    CQRDObjectAni* InsertAnimation(const QString& source);
+    // The play count of the selected animation.
+    int AnimationProperties(const void* repeat);
+    // One entry for each animation of the page, groups included, whose file
+    // is there, its box scaled from the project's frame to w x h.
+    void CollectAnimations(std::vector<UstAniPlay>& out, int w, int h) const;
     int InsertBackground(const QString& source);
     int EraseBackground();
     // The selected picture waiting for a click that picks its key colour.
@@ -131,6 +157,8 @@ public:
     // Adding and selecting, for the commands that create objects and the
     // canvas's gestures.
     CQRDObject* AddObject(std::unique_ptr<CQRDObject> object);
+    // A new object on top, selected alone and drawn, as one undo step.
+    CQRDObject* InsertNew(std::unique_ptr<CQRDObject> object);
     // A new shape of the kind over the rectangle (page pixels at the zoom),
     // selected alone, as one undo step; null for an empty rectangle.
     CQRDObjectShape* AddShape(int kind, const UstRect& view, const UstAttr& attr,
@@ -214,12 +242,15 @@ private:
     void RefreshSelectedGroups();
     void EndStrayShapeEdits();
     void RedrawAll(const UstRect& before);
+    // Objects that asked to leave while the page walked its list.
+    void DropGoneObjects();
     std::vector<CQRDObject*> SelectedInListOrder() const;
     std::vector<std::unique_ptr<CQRDObject>>::iterator Find(const CQRDObject* object);
     std::unique_ptr<CQRDObject> Remove(CQRDObject* object);
 
     std::vector<std::unique_ptr<CQRDObject>> m_objects;  // head backmost, tail topmost
     std::vector<CQRDObject*> m_selection;                // in selection order
+    std::vector<CQRDObject*> m_gone;                     // to be taken out and deleted
     std::vector<uint32_t> m_pThumbBits;
     // The canvas without the text under edit, kept while typing goes on.
     std::vector<uint32_t> m_underlay;

@@ -26,12 +26,7 @@ CQRDObjectPicture* CPageManager::InsertPicture(const QString& source) {
     auto picture = std::make_unique<CQRDObjectPicture>(this, name, image.width, image.height,
                                                        MakeDefaultAttr(), MakeDefaultEffect());
     picture->SetSource(std::move(image));
-    const UstRect before = SelectionWindowRect();
-    auto* raw = static_cast<CQRDObjectPicture*>(AddObject(std::move(picture)));
-    SelectOnly(raw);
-    Redraw(before);
-    Tail();
-    return raw;
+    return static_cast<CQRDObjectPicture*>(InsertNew(std::move(picture)));
 }
 
 int CPageManager::InsertBackground(const QString& source) {
@@ -116,7 +111,7 @@ void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h) 
         m_background.DrawForPlay(bits, keyBits, w, h);
     }
     for (auto& o : m_objects)
-        o->DrawTo(bits, w, h);
+        o->DrawForPlay(bits, w, h);
 }
 
 }  // namespace orv

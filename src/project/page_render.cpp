@@ -7,6 +7,7 @@
 
 #include "project/canvas_overlays.h"
 #include "project/page_manager.h"
+#include "render/image_file.h"
 #include "render/pixels.h"
 
 namespace orv {

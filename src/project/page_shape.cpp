@@ -8,13 +8,8 @@ namespace orv {
 CQRDObjectShape* CPageManager::AddShape(int kind, const UstRect& view, const UstAttr& attr,
                                         const UstEffect& effect) {
     if (view.Width() <= 0 || view.Height() <= 0) return nullptr;
-    const UstRect before = SelectionWindowRect();
-    auto* shape = static_cast<CQRDObjectShape*>(
-        AddObject(std::make_unique<CQRDObjectShape>(this, kind, view, attr, effect)));
-    SelectOnly(shape);
-    Redraw(before);
-    Tail();
-    return shape;
+    return static_cast<CQRDObjectShape*>(
+        InsertNew(std::make_unique<CQRDObjectShape>(this, kind, view, attr, effect)));
 }
 
 int CPageManager::EditShapeCommand() {

@@ -2,11 +2,26 @@
 
 namespace orv {
 
-CProjectManager::CProjectManager(int frameWidth, int frameHeight)
-    : m_nWidth(frameWidth),
-      m_nHeight(frameHeight),
-      m_nThumbHeight(frameHeight == 720 || frameHeight == 1080 ? 170 : 225),
-      m_bWide(frameWidth == 1920 ? 1 : 0) {}
+CProjectManager::CProjectManager(int frameWidth, int frameHeight) {
+    SetFrame(frameWidth, frameHeight);
+}
+
+void CProjectManager::SetFrame(int width, int height) {
+    m_nWidth = width;
+    m_nHeight = height;
+    m_nThumbWidth = 300;
+    m_nThumbHeight = width == 640 ? 225 : 170;
+    m_bWide = width == 1920 ? 1 : 0;
+}
+
+QString CProjectManager::DataFolder() const {
+    return m_strFolder.isEmpty() ? QString() : m_strFolder + "Data/";
+}
+
+void CProjectManager::SetFolder(const QString& folder) {
+    m_strFolder = folder;
+    m_strObjectFolder = folder.isEmpty() ? QString() : folder + "Object/";
+}
 
 CProjectManager::~CProjectManager() = default;
 

@@ -12,6 +12,34 @@
 
 namespace orv {
 
+class CArchiveIn;
+class CArchiveOut;
+
+// The fixed area at the head of a project file; the page list starts behind it.
+constexpr int PROJECT_HEADER_AREA = 128;
+// A new project file's length, zeros behind the header.
+constexpr int NEW_PROJECT_FILE_SIZE = 4096;
+
+// The header of a project file, as the file has it.
+struct UstProjectHeader {
+    float fVersion = 1.3f;
+    float fZero = 0.0f;
+    uint32_t nReserved = 0;
+    uint32_t nPages = 0;
+    QString strFirstThumb;  // the first page's thumbnail file
+    int32_t nWidth = 1920;
+    int32_t nHeight = 1080;
+};
+
+void WriteProjectHeader(CByteWriter& out, const UstProjectHeader& header);
+// Throws when the bytes end first.
+UstProjectHeader ReadProjectHeader(CByteReader& in);
+
+// A new project file of NEW_PROJECT_FILE_SIZE bytes holding only a header of
+// no pages. False, with nothing written, when the file exists or cannot be
+// made.
+bool CreateProjectFile(const QString& path, int width, int height, QString* error = nullptr);
+
 class CProjectManager : public CPageDoc {
 public:
     CProjectManager(int frameWidth = 1920, int frameHeight = 1080);
@@ -27,6 +55,33 @@ public:
     CPageManager* GetCurPage() const { return m_pCurPage; }
     int PageCount() const { return static_cast<int>(m_aPages.size()); }
     QString PageStatus() const;  // "Page %d/%d"
+    const std::vector<std::unique_ptr<CPageManager>>& Pages() const { return m_aPages; }
+
+    // The folder the project lives in, ending in a separator; Data and
+    // Object lie inside it. Empty for a project that is not on disk.
+    // Setting it also sets the object folder to its Object/.
+    void SetFolder(const QString& folder);
+    QString Folder() const { return m_strFolder; }
+    QString DataFolder() const override;
+
+    // Storing: the bytes of the header, which go at offset 0, and of the
+    // page list, which go at offset 128. Objects of a kind no file can hold
+    // throw std::logic_error.
+    void Serialize(CByteWriter& header, CArchiveOut& list) const;
+    // Writes the project into the file, which must exist: it is opened
+    // without being created or cut, so that bytes the save does not reach
+    // stay as they were. Then each changed page's thumbnail is stored.
+    // 1, or 0 with the reason when the file does not open or take the bytes.
+    int SaveProject(const QString& path, QString* error = nullptr);
+    // Reads a project file and takes its pages and frame; the folder becomes
+    // the file's. The pages are attached to this project but not to a view.
+    // 0 with the reason on any damage, and then the project is as it was.
+    int LoadProject(const QString& path, QString* error = nullptr);
+    // The same from a whole file's bytes, for a project in the folder.
+    int LoadProjectBytes(const QByteArray& bytes, const QString& folder, QString* error = nullptr);
+    // The frame and its thumbnail geometry: 640 wide gives 300 x 225,
+    // anything else 300 x 170.
+    void SetFrame(int width, int height);
 
     int FrameWidth() const override { return m_nWidth; }
     int FrameHeight() const override { return m_nHeight; }
@@ -49,16 +104,18 @@ public:
     int32_t m_bModified = 0;
     CPageManager* m_pCurPage = nullptr;
     CPageView* m_pView = nullptr;
-    int32_t m_nWidth;
-    int32_t m_nHeight;
+    int32_t m_nWidth = 1920;
+    int32_t m_nHeight = 1080;
     int32_t m_nThumbWidth = 300;
-    int32_t m_nThumbHeight;
-    int32_t m_bWide;
+    int32_t m_nThumbHeight = 170;
+    int32_t m_bWide = 1;
     int32_t m_nCurPage = -1;
     CQRDObject* m_pEditObject = nullptr;
+    int32_t m_nPageCount = 0;  // written into the header at save
 
 private:
     std::vector<std::unique_ptr<CPageManager>> m_aPages;
+    QString m_strFolder;
     QString m_strObjectFolder;
     CFileLinkTable* m_pFileLinks = nullptr;
     CFileLinkTable m_ownLinks;

@@ -10,7 +10,11 @@
 // Only what is defined below is built for AVX2: the shared templates above
 // (containers, the drivers) stay plain, so that the linker can never pick an
 // AVX2 copy of them for code that runs on any processor.
+#if defined(__clang__)
+#pragma clang attribute push(__attribute__((target("avx2"))), apply_to = function)
+#else
 #pragma GCC target("avx2")
+#endif
 
 namespace orv {
 
@@ -401,3 +405,7 @@ const UstPixelKernels& Avx2Kernels() {
 }
 
 }  // namespace orv
+
+#if defined(__clang__)
+#pragma clang attribute pop
+#endif

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 #include "render/pixel_kernels.h"
 
@@ -222,6 +223,9 @@ void MaskStampPixels(uint32_t* dst, const uint32_t* src, int blockWidth, int blo
 
 int RoundToInt(float value) {
     float r = std::floor(std::fabs(value) + 0.5f);
+    // Values from damaged data must not make the conversion undefined.
+    if (std::isnan(value)) return 0;
+    if (r >= 2147483648.0f) return value < 0.0f ? INT32_MIN : INT32_MAX;
     return static_cast<int>(value < 0.0f ? -r : r);
 }
 

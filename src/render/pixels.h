@@ -44,7 +44,8 @@ void MergePixels(uint32_t* dst, const uint32_t* src, const uint32_t* src2, int w
 void MaskStampPixels(uint32_t* dst, const uint32_t* src, int blockWidth, int blockHeight,
                      const uint32_t* mask, int maskWidth, int maskHeight, int x, int y);
 
-// Rounds half away from zero in single precision.
+// Rounds half away from zero in single precision. Beyond the range of int
+// it saturates, and not-a-number gives 0.
 int RoundToInt(float value);
 
 // The fixed-point reciprocal of a box area: mean = floor(sum * m / 2^s).

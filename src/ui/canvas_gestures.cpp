@@ -121,6 +121,7 @@ void CZevrantView::mousePressEvent(QMouseEvent* event) {
     }
     if (event->button() == Qt::RightButton) {
         RightButton(canvas);
+        AnimationMenu(window);
         return;
     }
     if (event->button() != Qt::LeftButton || m_pFrame->m_nCanvasMode != MODE_SELECT) return;

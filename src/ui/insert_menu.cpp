@@ -1,10 +1,11 @@
-// Until the ribbon exists: pictures and backgrounds from files, the keying
-// and alpha of the selected picture, and grouping.
+// Until the ribbon exists: pictures, backgrounds and animations from files,
+// the keying and alpha of the selected picture, and grouping.
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
 #include "project/page_manager.h"
@@ -39,6 +40,14 @@ void CMainFrame::CreateInsertMenu() {
         [this] { InsertPictureFile(CMD_INSERT_BACKGROUND_FILE); });
     add(tr("Erase the background picture\nErase Background"), CMD_ERASE_BACKGROUND,
         page(CMD_ERASE_BACKGROUND));
+    add(tr("Insert animation\nAnimation..."), CMD_INSERT_ANIMATION,
+        [this] { InsertAnimationFile(); });
+    add(tr("Animation properties\nAnimation Properties..."), CMD_ANIMATION_PROPERTIES,
+        [this] { ShowAnimationProperties(); });
+    add(tr("Play the selected animation through on the canvas\nPreview Animation"),
+        CMD_PREVIEW_ANIMATION, [this] {
+            if (CZevrantView* view = ActiveView()) view->PreviewAnimation();
+        });
     menu->addSeparator();
     add(tr("Start keying\nStart Keying"), CMD_START_KEYING, page(CMD_START_KEYING));
     add(tr("Reset key value\nReset Key"), CMD_RESET_KEY, page(CMD_RESET_KEY));

@@ -118,6 +118,8 @@ void CMainFrame::CreateStatusBar() {
 
 void CMainFrame::CreateCommandBars() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
+    AddProjectFileActions(file);
+    file->addSeparator();
     QAction* exportTga =
         file->addAction(tr("Export page to Image (TGA 32)"), this, &CMainFrame::ExportPageToTga);
     exportTga->setStatusTip(tr("Save to TGA 32bit image."));

@@ -16,6 +16,7 @@
 class QDockWidget;
 class QLabel;
 class QMdiArea;
+class QMenu;
 
 namespace orv {
 
@@ -77,6 +78,21 @@ public:
     static QStringList ShapeKindTitles();
     // The file dialog's filter of the picture kinds that can be read.
     static QString PictureFileFilter();
+    static QString AnimationFileFilter();
+    // Inserts an animation from its file, or from pictures of a numbered
+    // sequence converted first; says why when it cannot.
+    bool InsertAnimationFiles(const QStringList& files);
+    // "Animation Properties" for the one selected animation.
+    void ShowAnimationProperties();
+
+    // File > Open Project File... and Save.
+    void OpenProjectFile();
+    // A project file opened in a window of its own; null, after a message
+    // that names the file and the reason, when it does not load.
+    CZevrantView* OpenProjectPath(const QString& path);
+    // Into the project's file, or, for a project that has none, into a new
+    // one that a file dialog names.
+    void SaveActiveProject();
 
     int m_nPlayState = 0;
     float m_fZoom = 100.0f;
@@ -102,7 +118,10 @@ private:
     void DetachBoard();
     void ShowModeName();
     void CreateInsertMenu();
+    void AddProjectFileActions(QMenu* file);
     void InsertPictureFile(uint32_t command);
+    void InsertAnimationFile();
+    QString ConvertSequence(const QStringList& files, const QString& objectFolder);
     void ChoosePictureAlpha();
     void StartShape(int kind);
     void ApplyPaint(int slot, const UstFill& fill);

@@ -10,8 +10,8 @@
 
 namespace orv {
 
-// One open project. Files and recovery come with projects on disk; for now
-// the project lives in memory.
+// One open project: in memory until it is opened from or saved to a project
+// file. The working file and recovery come with projects on disk.
 class CZevrantDoc : public QObject {
     Q_OBJECT
 public:
@@ -28,6 +28,16 @@ public:
     // Until the project has a folder of its own, its media copies go into a
     // folder of this session under the given one, removed with the project.
     void UseSessionFolder(const QString& parent);
+
+    // Reads the project file; the project then lives in its folder. False,
+    // with the reason, and the document as it was, when the file does not
+    // load.
+    bool OpenProject(const QString& path, QString* error);
+    // Saves into the project's file; false without one or on failure.
+    bool SaveProject(QString* error);
+    // Gives the project a folder of its own around a new project file, takes
+    // the media copied so far along into its Object folder, and saves.
+    bool SaveProjectAs(const QString& path, QString* error);
 
     QString m_strWorkspace;
     QString m_strProjectPath;

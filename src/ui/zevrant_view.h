@@ -43,6 +43,12 @@ public:
     // A page command from a menu; answers what the page answered.
     int PageCommand(uint32_t id, const void* arg = nullptr);
 
+    // Plays the one selected animation through once on the canvas; false
+    // when none is selected or its file gives no source.
+    bool PreviewAnimation();
+    // The animation's commands, over a selected animation.
+    void AnimationMenu(const QPoint& window);
+
     // A play key that reached the canvas in edit state.
     void OnHotKey(const UstKeyInfo& key);
 

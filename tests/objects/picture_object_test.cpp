@@ -240,29 +240,5 @@ TEST_F(PictureOnPage, AnOldRectangleIsReadAndTheNextRecordStartsAfterIt) {
     EXPECT_EQ(c.m_rcOld, UstRect{});
 }
 
-TEST(ArchiveFields, CountsAndStringsAtTheirEscapes) {
-    CByteWriter out;
-    WriteArchiveCount(out, 0xFFFE);
-    WriteArchiveCount(out, 0xFFFF);
-    EXPECT_EQ(out.Bytes(), (std::vector<uint8_t>{0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0}));
-    CByteWriter s;
-    WriteArchiveString(s, {});
-    EXPECT_EQ(s.Bytes(), (std::vector<uint8_t>{0xFF, 0xFE, 0xFF, 0x00}));
-    CByteWriter longer;
-    WriteArchiveString(longer, QString(255, 'x'));
-    ASSERT_EQ(longer.Size(), 6u + 510);
-    EXPECT_EQ(longer.Bytes()[3], 0xFF);
-    EXPECT_EQ(test::At<uint16_t>(longer.Bytes()[0], 4), 255);
-    CByteReader in(longer.Bytes());
-    EXPECT_EQ(ReadArchiveString(in), QString(255, 'x'));
-    // A narrow string from an older file, and one that runs past the end.
-    const std::vector<uint8_t> narrow{3, 'a', 'b', 'c'};
-    CByteReader n(narrow);
-    EXPECT_EQ(ReadArchiveString(n), "abc");
-    const std::vector<uint8_t> cut{0xFF, 0xFE, 0xFF, 9, 'a', 0};
-    CByteReader c(cut);
-    EXPECT_THROW(ReadArchiveString(c), std::out_of_range);
-}
-
 }  // namespace
 }  // namespace orv

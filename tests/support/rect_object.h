@@ -52,7 +52,7 @@ public:
     int GetCanvasWidth() const override { return width; }
     int GetCanvasHeight() const override { return height; }
     uint32_t* GetCanvasBits() override { return canvas.empty() ? nullptr : canvas.data(); }
-    void ObjectRemovedItself() override {}
+    void ObjectRemovedItself(CQRDObject* object) override { removed.push_back(object); }
     QString ObjectFolder() const override { return folder; }
     // Gives the context a canvas of its size, cleared to the colour.
     void MakeCanvas(uint32_t colour = 0) {
@@ -60,6 +60,7 @@ public:
     }
     uint32_t At(int x, int y) const { return canvas[static_cast<size_t>(y) * width + x]; }
     std::vector<uint32_t> canvas;
+    std::vector<CQRDObject*> removed;
     float fZoom = 100.0f;
     UstPoint scroll, origin;
     int width = 1920, height = 1080;

@@ -3,7 +3,10 @@
 // and points on its canvas.
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 
 #include "frame_fixture.h"
 #include "project/project_manager.h"
@@ -48,6 +51,34 @@ protected:
         QTest::mouseMove(view, (from + to) / 2);
         QTest::mouseMove(view, to);
         QTest::mouseRelease(view, Qt::LeftButton, mods, to);
+    }
+
+    // Triggers a menu command and answers its file dialog with the file;
+    // answers what a message box said, if one came.
+    QString TriggerWithFile(const char* command, const QString& file) {
+        QString said;
+        bool answered = false;
+        // The dialog, then perhaps a message box, each once it is up.
+        QTimer poll;
+        poll.setInterval(5);
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (auto* dialog = qobject_cast<QFileDialog*>(modal); dialog && !answered) {
+                answered = true;
+                dialog->selectFile(file);
+                QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+            } else if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+                said = box->text();
+                box->close();
+            }
+        });
+        poll.start();
+        QAction* action = frame->findChild<QAction*>(command);
+        EXPECT_NE(action, nullptr) << command;
+        if (action) action->trigger();
+        QApplication::processEvents();
+        EXPECT_TRUE(answered);
+        return said;
     }
 
     std::unique_ptr<CMainFrame> frame;
