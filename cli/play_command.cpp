@@ -9,15 +9,16 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <charconv>
 #include <chrono>
 #include <condition_variable>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <deque>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "board/hd_extreme.h"
@@ -40,21 +41,18 @@ struct UstPlayArgs {
     UstBoardOptions board;
 };
 
-int Usage(const std::string& why) {
-    std::fprintf(stderr,
-                 "orvantis-cli play: %s\n"
-                 "usage: orvantis-cli play PROJECT [--pages A-B] [--auto] [--repeat N] "
-                 "[--ignore-discarded] [--mode MODE] [--queue N] --output "
-                 "(card|file:PATH.mkv|srt://HOST:PORT|null)\n",
-                 why.c_str());
-    return 2;
-}
+constexpr const char* USAGE =
+    "usage: orvantis-cli play PROJECT [--pages A-B] [--auto] [--repeat N] "
+    "[--ignore-discarded] [--mode MODE] [--queue N] --output "
+    "(card|file:PATH.mkv|srt://HOST:PORT|null)\n";
 
-bool ReadNumber(const std::string& text, int low, int high, int& out) {
-    char* end = nullptr;
-    const long v = std::strtol(text.c_str(), &end, 10);
-    if (text.empty() || *end != '\0' || v < low || v > high) return false;
-    out = static_cast<int>(v);
+// A whole number within [low, high], nothing around it.
+bool ReadNumber(std::string_view text, int low, int high, int& out) {
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (text.empty() || error != std::errc() || end != text.data() + text.size()) return false;
+    if (value < low || value > high) return false;
+    out = value;
     return true;
 }
 
@@ -306,7 +304,10 @@ int CPlayRun::Run() {
 int PlayProject(int argc, char** argv) {
     UstPlayArgs a;
     const std::string error = ReadArgs(argc, argv, a);
-    if (!error.empty()) return Usage(error);
+    if (!error.empty()) {
+        std::fprintf(stderr, "orvantis-cli play: %s\n%s", error.c_str(), USAGE);
+        return 2;
+    }
     CStopSignals signals;
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     int qtArgc = 1;

@@ -5,8 +5,8 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPixmap>
 #include <QListWidget>
+#include <QPixmap>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -20,6 +20,7 @@
 #include "playout/play_engine.h"
 #include "project/page_manager.h"
 #include "shell/key_routing.h"
+#include "ui/play_dlg.h"
 #include "ui/program_monitor.h"
 
 namespace orv {
@@ -30,12 +31,10 @@ constexpr int MAX_REPEAT = 10000;
 constexpr int MONITOR_WIDTH = 160, MONITOR_HEIGHT = 90;
 
 QImage ThumbOf(const CPageManager& page) {
-    const std::vector<uint32_t>& bits = page.ThumbBits();
-    const int w = page.m_nThumbWidth, h = page.m_nThumbHeight;
-    if (w <= 0 || h <= 0 || bits.size() < static_cast<size_t>(w) * h) return {};
-    return QImage(reinterpret_cast<const uchar*>(bits.data()), w, h, w * 4,
-                  QImage::Format_ARGB32_Premultiplied)
-        .scaled(MONITOR_WIDTH, MONITOR_HEIGHT, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage thumb = ThumbImage(page);
+    return thumb.isNull() ? thumb
+                          : thumb.scaled(MONITOR_WIDTH, MONITOR_HEIGHT, Qt::IgnoreAspectRatio,
+                                         Qt::SmoothTransformation);
 }
 
 QPushButton* Button(const QString& text, int id, QWidget* parent) {
@@ -163,14 +162,17 @@ void CPropAuto::SetPages(std::vector<CPageManager*> pages) {
     m_list.m_pPages = std::move(pages);
     for (QSpinBox* box : {m_pStart, m_pEnd})
         box->setRange(1, std::max(count, 1));
+    if (!m_bRangeSet) m_pEnd->setValue(std::max(count, 1));  // the whole list at first
+    m_bRangeSet = true;
     m_list.m_nStart = m_pStart->value() - 1;
     m_list.m_nEnd = m_pEnd->value() - 1;
     SetCursor(std::clamp(Cursor(), 0, std::max(count - 1, 0)));
-    ShowPreview(NextPreview(Cursor() - 1));
+    ShowPreview(Cursor());
 }
 
 void CPropAuto::SetCursor(int index) {
     m_list.m_nCurrent = index;
+    if (m_list.m_nMode.load() == PLAYLIST_MANUAL) ShowPreview(index);  // what Run takes next
     Q_EMIT CursorMoved(index);
 }
 
@@ -302,11 +304,11 @@ void CPropAuto::ShowPreview(int index) {
 void CPropAuto::OnPlayState(int state, int param) {
     if (state == PLAY_LOAD) {
         m_pOnAir->setText(tr("ON AIR: page %1").arg(param + 1));
-        ShowPreview(NextPreview(param));
+        ShowPreview(m_list.m_nMode.load() == PLAYLIST_AUTO ? NextPreview(param) : Cursor());
     }
     if (state == PLAY_IDLE && param == 0 && m_list.m_nMode.load() == PLAYLIST_AUTO)
         SetCursor(std::clamp(Cursor(), 0, std::max(m_list.Count() - 1, 0)));
-    if (state == PLAY_IDLE) Q_EMIT CursorMoved(Cursor());
+    Q_EMIT CursorMoved(Cursor());  // the list machine moves it on as it takes a page
     ShowStage(state, param);
 }
 

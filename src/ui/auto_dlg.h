@@ -77,6 +77,7 @@ private:
     QLabel *m_pPreview = nullptr, *m_pOnAir = nullptr, *m_pStage = nullptr;
     QProgressBar* m_pStageBar = nullptr;
     CProgramMonitor* m_pProgram = nullptr;
+    bool m_bRangeSet = false;  // range and repeat stay as the operator left them
 };
 
 class CPropAutoA : public QWidget {  // "Logo"

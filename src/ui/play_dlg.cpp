@@ -19,6 +19,15 @@ const QColor CURSOR_COLOUR(40, 110, 230);
 
 }  // namespace
 
+QImage ThumbImage(const CPageManager& page) {
+    const std::vector<uint32_t>& bits = page.ThumbBits();
+    const int w = page.m_nThumbWidth, h = page.m_nThumbHeight;
+    if (w <= 0 || h <= 0 || bits.size() < static_cast<size_t>(w) * h) return {};
+    return QImage(reinterpret_cast<const uchar*>(bits.data()), w, h, w * 4,
+                  QImage::Format_ARGB32_Premultiplied)
+        .mirrored(false, true);
+}
+
 CPlayCellList::CPlayCellList(QWidget* parent) : QAbstractScrollArea(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -106,14 +115,9 @@ void CPlayDlg::PaintCell(QPainter& painter, const QRect& cell, CPageManager& pag
                      tr("Page %1").arg(index + 1) + discarded);
     const QRect picture(text.left(), text.bottom() + 1, text.width(),
                         cell.bottom() - text.bottom() - MARGIN);
-    const std::vector<uint32_t>& bits = page.ThumbBits();
-    const int w = page.m_nThumbWidth, h = page.m_nThumbHeight;
     painter.fillRect(picture, Qt::black);
-    if (w > 0 && h > 0 && bits.size() >= static_cast<size_t>(w) * h) {
-        const QImage thumb(reinterpret_cast<const uchar*>(bits.data()), w, h, w * 4,
-                           QImage::Format_ARGB32_Premultiplied);
-        painter.drawImage(picture, thumb);
-    }
+    const QImage thumb = ThumbImage(page);
+    if (!thumb.isNull()) painter.drawImage(picture, thumb);
 }
 
 int CPlayTextDlg::CellHeight() const {

@@ -6,6 +6,7 @@
 // list's cursor.
 
 #include <QAbstractScrollArea>
+#include <QImage>
 
 #include <functional>
 #include <vector>
@@ -13,6 +14,10 @@
 namespace orv {
 
 class CPageManager;
+
+// A page's thumbnail the right way up (its bits are kept bottom row first,
+// as its file has them); null when the page has none.
+QImage ThumbImage(const CPageManager& page);
 
 class CPlayCellList : public QAbstractScrollArea {
     Q_OBJECT

@@ -7,6 +7,7 @@
 #include <QMessageBox>
 
 #include "board/gboard.h"
+#include "playout/transition_driver.h"
 #include "project/project_manager.h"
 #include "shell/app_object.h"
 #include "ui/auto_dlg.h"
@@ -26,6 +27,14 @@ std::vector<CPageManager*> PagesOf(const CZevrantView& view) {
     for (const auto& page : view.Document()->Project().Pages())
         pages.push_back(page.get());
     return pages;
+}
+
+// A list page without an out stage stays on air as the list moves on.
+bool LeftTheAir(CZevrantView* view, int index) {
+    const CPageManager* page = view ? view->Document()->Project().GetPage(index) : nullptr;
+    if (!page) return true;
+    UstPageEffect effect = page->m_effect;
+    return CTransitionDriver::HasOutStage(RequestWords(effect));
 }
 
 }  // namespace
@@ -227,7 +236,7 @@ void CMainFrame::OnPlayState(int state, int param) {
     }
     if (state == PLAY_GONE && param != 0)
         std::fill(m_PreviewImage.begin(), m_PreviewImage.end(), 0u);
-    if (state == PLAY_GONE && (listed || param != 0))
+    if (state == PLAY_GONE && (listed ? LeftTheAir(view, param) : param != 0))
         for (CPlayCellList* list : PlayLists())
             list->SetOnAir(-1);
     if (state == PLAY_IN || state == PLAY_GONE)

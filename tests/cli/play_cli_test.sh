@@ -2,7 +2,8 @@
 # orvantis-cli play as a station runs it: the three-page sample played by
 # the automatic list into the lossless file output, whose frames must show
 # the pages in their order, each for about its second on air, and an empty
-# output at the end; then the requests that must fail or be corrected.
+# output at the end (the 640 x 480 pages play in the corner of the PAL
+# frame); then the requests that must fail or be corrected.
 set -euo pipefail
 cli=$1
 make_samples=$2
@@ -15,7 +16,7 @@ mkdir -p "$work"
 source "$(dirname "$0")/cli_checks.sh"
 play="$work/samples/play/project.qrdprj"
 
-expect 0 "$cli" play "$play" --auto --output "file:$work/play.mkv"
+expect 0 "$cli" play "$play" --auto --mode pal --output "file:$work/play.mkv"
 [ "$(grep -c ' load$' "$work/out")" -eq 3 ] || fail "not three pages loaded: $(cat "$work/out")"
 tail -n 1 "$work/out" | grep -q 'page -  idle$' || fail "no end of the list: $(cat "$work/out")"
 expect 0 "$cli" frames "$work/play.mkv" "$work/frames"
@@ -83,6 +84,11 @@ expect 2 "$cli" play "$play" --auto
 expect 2 "$cli" play "$play" --pages x --output null
 expect 2 "$cli" play "$play" --repeat 10001 --output null
 expect 1 "$cli" play "$work/missing.qrdprj" --output null
+# An output that cannot start gives way to the clock: the list still plays
+# to its end, and the failure is the exit status.
+expect 1 "$cli" play "$play" --pages 1 --auto --mode pal --output file:/no/such/folder/x.mkv
+grep -q 'page 1  gone$' "$work/out" || fail "no play after the failure: $(cat "$work/out")"
+grep -q 'failed' "$work/err" || fail "the failure is not said: $(cat "$work/err")"
 
 # A stop by signal ends the endless list cleanly.
 "$cli" play "$play" --auto --repeat 0 --output null >"$work/out" 2>"$work/err" &

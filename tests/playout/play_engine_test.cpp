@@ -110,8 +110,7 @@ TEST(PlaySingle, BlinkingAndAnimatedPagesRestInTheirStage) {
 // on air with no out stage, and the next Run takes it in again.
 TEST(PlaySingle, StopDuringATransitionLetsItFinishAndLeavesThePage) {
     UstPlayRig rig(EPlayoutClock::HAND);
-    CPageManager* page =
-        rig.AddPage(BLUE, Request(EFFECT_FADE, 1, false, EFFECT_FADE, 10, false));
+    CPageManager* page = rig.AddPage(BLUE, Request(EFFECT_FADE, 1, false, EFFECT_FADE, 10, false));
     rig.engine->SetPage(page);
     rig.engine->Key(PLAYKEY_RUN);
     ASSERT_TRUE(rig.log.WaitFor({PLAY_IN, 0}));
@@ -217,7 +216,7 @@ TEST(PlayList, RunStepsThroughTheListAndRestsAtTheEnd) {
     EXPECT_EQ(rig.engine->State(), PLAY_END);
     EXPECT_EQ(rig.log.Posts(),
               (Posts{{1, 0}, {2, 0}, {3, 0}, {6, 0}, {7, 0}, {1, 2}, {2, 2}, {3, 2}, {7, 2}}));
-    EXPECT_EQ(rig.log.Modes(), (std::vector<int>{2, 1, 2, 1, 2, 1}));
+    EXPECT_EQ(rig.log.Modes(6), (std::vector<int>{2, 1, 2, 1, 2, 1}));
     rig.engine->Key(PLAYKEY_RUN);
     std::this_thread::sleep_for(20ms);
     EXPECT_EQ(rig.log.Posts().size(), 9u);
@@ -302,7 +301,7 @@ TEST(PlayAuto, RepeatThreeOnTwoPagesPlaysSixPagesWithBothDelays) {
     EXPECT_EQ(rig.engine->Passes(), 0);
     EXPECT_EQ(rig.engine->State(), PLAY_IDLE);
     EXPECT_FALSE(rig.engine->IsRunning());
-    EXPECT_EQ(rig.log.Modes(), (std::vector<int>{2, 1}));
+    EXPECT_EQ(rig.log.Modes(2), (std::vector<int>{2, 1}));
     EXPECT_EQ(rig.log.Posts().front(), (UstPost{0, 1}));
     EXPECT_TRUE(rig.AirIs(0));
 }

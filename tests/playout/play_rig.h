@@ -34,13 +34,16 @@ public:
     void SetPlayMode(int mode) override {
         std::lock_guard lock(m_mutex);
         m_modes.push_back(mode);
+        m_cv.notify_all();
     }
     std::vector<UstPost> Posts() {
         std::lock_guard lock(m_mutex);
         return m_posts;
     }
-    std::vector<int> Modes() {
-        std::lock_guard lock(m_mutex);
+    // The play modes told, once `count` of them have come (or the time is up).
+    std::vector<int> Modes(size_t count = 0) {
+        std::unique_lock lock(m_mutex);
+        m_cv.wait_for(lock, std::chrono::seconds(10), [&] { return m_modes.size() >= count; });
         return m_modes;
     }
     void Forget() {

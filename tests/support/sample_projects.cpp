@@ -113,7 +113,7 @@ void BuildSd(CProjectManager& project) {
     page->AddObject(Text("SD", 60, 60, 390));
 }
 
-// Three PAL pages of one colour each, in by a cut, a second on air, out by
+// Three SD pages of one colour each, in by a cut, a second on air, out by
 // a fade: what a played file must show, page by page.
 void BuildPlay(CProjectManager& project) {
     for (uint32_t colour : {0xFFE02020u, 0xFF20C020u, 0xFF2040E0u}) {
@@ -121,7 +121,7 @@ void BuildPlay(CProjectManager& project) {
         UstAttr attr = MakeDefaultAttr();
         attr.fill[UstAttr::BODY].nType = 0;
         attr.fill[UstAttr::BODY].clrSolid = colour;
-        page->AddObject(std::make_unique<CQRDObjectShape>(page, 1, UstRect{60, 60, 660, 516}, attr,
+        page->AddObject(std::make_unique<CQRDObjectShape>(page, 1, UstRect{40, 40, 600, 440}, attr,
                                                           MakeDefaultEffect()));
         page->m_effect = {3, 10, 1, 0, 3, 10, 0, 1, 0, 0, 0};
     }
@@ -155,7 +155,7 @@ std::vector<QString> WriteSampleProjects(const QString& root) {
     static const UstSample SAMPLES[] = {
         {"empty", 1920, 1080, nullptr},    {"demo", 1920, 1080, BuildDemo},
         {"pages", 1920, 1080, BuildPages}, {"sd", 640, 480, BuildSd},
-        {"play", 720, 576, BuildPlay},
+        {"play", 640, 480, BuildPlay},
     };
     std::vector<QString> files;
     for (const UstSample& s : SAMPLES) {

@@ -19,7 +19,7 @@ bool SaveWithThumbnails(CProjectManager& project, const QString& file);
 
 // The samples, one folder each under root: "empty" (no page), "demo" (the
 // sample page with a timer, an animation and a background), "pages" (Cut,
-// Roll and Crawl pages), "sd" (a 640 x 480 project) and "play" (three PAL
+// Roll and Crawl pages), "sd" (a 640 x 480 project) and "play" (three SD
 // pages of one colour each). Their files' paths.
 std::vector<QString> WriteSampleProjects(const QString& root);
 

@@ -121,6 +121,8 @@ TEST_F(PlayModeTest, KeypadStepsTheListThroughTheEngine) {
     auto* play = qobject_cast<CPlayCellList*>(frame->Pane(553)->widget());
     ASSERT_TRUE(Until([&] { return play->OnAir() == 0 && frame->m_nPlayState == 1; }));
     EXPECT_EQ(List()->findChild<QLabel*>("onair")->text(), "ON AIR: page 1");
+    EXPECT_FALSE(doc->Project().IsPageDeletable(0));  // the page held for play-out
+    EXPECT_TRUE(doc->Project().IsPageDeletable(1));
     Key(vk::RETURN, true);
     ASSERT_TRUE(Until([&] { return play->OnAir() == -1 && frame->m_nPlayState == 1; }));
     EXPECT_EQ(AirCentre(), 0u);
@@ -150,6 +152,8 @@ TEST_F(PlayModeTest, MoveToJumpsToThePageTyped) {
 TEST_F(PlayModeTest, AutomaticPlayRunsTheRangeAndReturnsToPlayState) {
     frame->EnterPlayMode();
     doc->Project().GetPage(1)->m_effect.nInDelay = 1;  // long enough to be seen running
+    EXPECT_EQ(List()->findChild<QSpinBox*>("ctl1050")->value(), 3);  // the whole list at first
+    List()->findChild<QSpinBox*>("ctl1050")->setValue(1);
     List()->findChild<QSpinBox*>("ctl1041")->setValue(2);
     EXPECT_EQ(List()->findChild<QSpinBox*>("ctl1050")->value(), 2);  // pushed up with Start
     List()->findChild<QSpinBox*>("ctl1050")->setValue(1);
