@@ -78,6 +78,8 @@ PY
 expect 0 "$cli" play "$play" --pages 3-1 --auto --output null
 grep -q 'page 3 plays alone' "$work/err" || fail "no word of the range: $(cat "$work/err")"
 [ "$(grep -c ' load$' "$work/out")" -eq 1 ] || fail "not one page: $(cat "$work/out")"
+expect 0 "$cli" play "$play" --pages 1-2 --auto --output null
+[ "$(grep -c ' load$' "$work/out")" -eq 2 ] || fail "not pages 1 and 2: $(cat "$work/out")"
 expect 0 "$cli" play "$play" --pages 2-2 --output null
 grep -q 'page 2  gone$' "$work/out" || fail "page 2 not played by hand: $(cat "$work/out")"
 expect 2 "$cli" play "$play" --auto
