@@ -190,7 +190,12 @@ EffectDecklink::UstStepPlan EffectDecklink::PlanFor(int* request, int phase, con
 
 namespace {
 
+// Targets are the origin plus a place in the frame, so they rarely pass one
+// canvas size; the pens run this a few thousand times a sub-step, and a
+// division each time would cost more than the pixels.
 int Wrap(int v, int size) {
+    if (v >= 0 && v < size) return v;
+    if (v >= size && v < 2 * size) return v - size;
     return (v % size + size) % size;
 }
 
@@ -217,17 +222,25 @@ void EffectDecklink::UstPen::Row(int x1, int x2, int y) const {
 void EffectDecklink::UstPen::Column(int x, int y1, int y2) const {
     const int tx = Wrap(x0 + x, pEngine->m_nCanvasWidth);
     const int ty = Wrap(y0 + y1, pEngine->m_nCanvasHeight);
-    if (pSource)
+    if (pSource && pBands)
+        BandColumn(x, y1, y2, tx, ty);
+    else if (pSource)
         pChannel->CopyLine(tx, ty, tx, ty + y2 - y1, nStride, x, y1, pSource);
     else
         pChannel->FillLine(tx, ty, tx, ty + y2 - y1, 0);
 }
 
-void EffectDecklink::UstPen::Slant(int x1, int y1, int x2, int y2) const {
-    if (pSource)
-        pChannel->CopySlantLine(x1, y1, x2, y2, x0, y0, nStride, pSource);
-    else
-        pChannel->FillSlantLine(x1, y1, x2, y2, x0, y0, 0);
+// Within a band the column is a run of the source; it goes out one band at
+// a time.
+void EffectDecklink::UstPen::BandColumn(int x, int y1, int y2, int tx, int ty) const {
+    const int w = pEngine->m_nWidth, h = pEngine->m_nHeight;
+    while (y1 <= y2) {
+        const int top = y1 - y1 % nBandRows, rows = std::min(nBandRows, h - top);
+        const int last = std::min(y2, top + rows - 1);
+        pChannel->CopyLine(tx, ty, tx, ty + last - y1, 1, 0, top * w + x * rows + y1 - top, pBands);
+        ty += last - y1 + 1;
+        y1 = last + 1;
+    }
 }
 
 }  // namespace orv

@@ -86,10 +86,15 @@ private:
         CBoardChannel* pChannel;
         const uint32_t* pSource;  // null: erase
         int nStride, x0, y0;
+        // The page again in bands of nBandRows rows, each band column by
+        // column (see PageInColumnBands): Column reads from it when it is
+        // there.
+        const uint32_t* pBands = nullptr;
+        int nBandRows = 0;
         void Rect(int x, int y, int w, int h) const;
         void Row(int x1, int x2, int y) const;
         void Column(int x, int y1, int y2) const;
-        void Slant(int x1, int y1, int x2, int y2) const;
+        void BandColumn(int x, int y1, int y2, int tx, int ty) const;
     };
     UstPen PenFor(int phase);
     // The plan of an ordinary routine: the step and fade of the phase's
@@ -103,6 +108,7 @@ private:
     // The sub-step routines of the families that use the list of the
     // frame's border pixels.
     void SpokeEffect(const UstStepPlan& plan, int spokes, bool wedge);
+    void Trapezoid(const UstPen& pen, int x, int dir, int n, int top, int bottom);
     void BoxInSubStep(const UstPen& pen, int p, int step, int total, double q, int& c);
     void BoxOutSubStep(const UstPen& pen, int p, int step, int total, double q, int& c);
     void CheckerCells(const UstPen& pen, int cell, bool across, bool sameParity, int p, int step);

@@ -14,16 +14,16 @@ CTransitionDriver::CTransitionDriver(CGBoard& board, int width, int height)
     : m_nWidth(std::max(width, 0)),
       m_nHeight(std::max(height, 0)),
       m_bufferA(static_cast<size_t>(m_nWidth) * m_nHeight),
-      m_bufferB(m_bufferA.size()),
+      m_bufferB(static_cast<size_t>(m_nWidth) * m_nHeight),
       m_effect(0, &board, m_bufferA.data(), m_bufferB.data(), m_nWidth, m_nHeight) {}
 
 void CTransitionDriver::SetPicture(const uint32_t* pixels) {
-    std::copy_n(pixels, m_bufferA.size(), m_bufferA.begin());
+    std::copy_n(pixels, m_bufferA.size(), m_bufferA.data());
 }
 
 void CTransitionDriver::RenderPage(CPageManager& page) {
-    std::fill(m_bufferA.begin(), m_bufferA.end(), 0u);
-    std::fill(m_bufferB.begin(), m_bufferB.end(), 0u);
+    std::fill_n(m_bufferA.data(), m_bufferA.size(), 0u);
+    std::fill_n(m_bufferB.data(), m_bufferB.size(), 0u);
     page.DrawForPlay(m_bufferA.data(), nullptr, m_nWidth, m_nHeight);
 }
 

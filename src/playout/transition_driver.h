@@ -5,8 +5,7 @@
 // altogether. For the tests and the command line.
 
 #include <cstdint>
-#include <vector>
-
+#include "board/pixel_store.h"
 #include "playout/effect_decklink.h"
 
 namespace orv {
@@ -37,7 +36,7 @@ public:
 
 private:
     int m_nWidth, m_nHeight;
-    std::vector<uint32_t> m_bufferA, m_bufferB;
+    CPixelStore m_bufferA, m_bufferB;
     EffectDecklink m_effect;
 };
 

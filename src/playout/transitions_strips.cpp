@@ -1,9 +1,12 @@
 // The dissolve and the strips and bars: patterns of cells, bands and lines
 // that the page fills in, each sub-step only the pixels it reveals.
+#include <algorithm>
 #include <cstdint>
+#include <memory>
 #include <numeric>
 #include <vector>
 
+#include "board/pixel_store.h"
 #include "playout/effect_decklink.h"
 #include "playout/effect_table.h"
 
@@ -134,27 +137,72 @@ void EffectDecklink::CombEffect(int* request, int phase, const int* steps) {
     const UstPen pen = PenFor(phase);
     StepLoop(plan, [&](int p, int step) {
         for (int k = 0; k < teeth; ++k) {
-            const int from = k * tooth, to = from + CellSize(k, teeth, across, tooth) - 1;
-            for (int i = 0; i < step; ++i) {
-                const int at = k % 2 == 0 ? p + i : along - 1 - p - i;
-                vertical ? pen.Row(from, to, at) : pen.Column(at, from, to);
-            }
+            const int from = k * tooth, size = CellSize(k, teeth, across, tooth);
+            const int at = k % 2 == 0 ? p : along - p - step;
+            vertical ? pen.Rect(from, at, size, step) : pen.Rect(at, from, step, size);
         }
     });
 }
 
-// Whole rows (or columns) in a shuffled order.
+namespace {
+
+// The page in bands of `band` rows (the last band what is left), each band
+// column by column: the band from row top holds column x at
+// top x w + x x rows. Scattered columns written a band at a time read from
+// it in the order of the memory, where the page itself would have them take
+// one pixel from every row. Made before the first frame, as the other tables
+// of a pattern.
+CPixelStore PageInColumnBands(const uint32_t* page, int w, int h, int band) {
+    CPixelStore bands(static_cast<size_t>(w) * h);
+    if (bands.empty()) return bands;
+    for (int top = 0; top < h; top += band) {
+        const int rows = std::min(band, h - top);
+        uint32_t* to = bands.data() + static_cast<size_t>(top) * w;
+        for (int x = 0; x < w; ++x)
+            for (int r = 0; r < rows; ++r)
+                to[static_cast<size_t>(x) * rows + r] = page[static_cast<size_t>(top + r) * w + x];
+    }
+    return bands;
+}
+
+}  // namespace
+
+// Whole rows (or columns) in a shuffled order. The columns of a sub-step go
+// out in bands of a few rows, all columns of a band before the next band,
+// from the page turned column by column: the same pixels as whole columns,
+// at a pace the caches can follow.
 void EffectDecklink::RandomBarsEffect(int* request, int phase, const int* steps) {
     if (phase != 0 && phase != 2) return;
     UstStepPlan plan = PlanFor(request, phase, steps);
     const bool rows = ReadPhaseRequest(request, phase).nEffect == 16;
     plan.nTotal = rows ? m_nHeight : m_nWidth;
     const std::vector<int> order = ShuffledList(*this, plan.nTotal);
-    const UstPen pen = PenFor(phase);
+    constexpr int BAND = 16;
+    UstPen pen = PenFor(phase);
+    CPixelStore bands;
+    if (!rows && pen.pSource) {
+        bands = PageInColumnBands(pen.pSource, m_nWidth, m_nHeight, BAND);
+        pen.pBands = bands.data();
+        pen.nBandRows = BAND;
+    }
     StepLoop(plan, [&](int p, int step) {
-        for (int j = p; j < p + step; ++j) {
-            const int at = order[static_cast<size_t>(j)];
-            rows ? pen.Row(0, m_nWidth - 1, at) : pen.Column(at, 0, m_nHeight - 1);
+        std::vector<int> lines(order.begin() + p, order.begin() + p + step);
+        if (rows) {
+            for (int at : lines)
+                pen.Row(0, m_nWidth - 1, at);
+            return;
+        }
+        std::sort(lines.begin(), lines.end());
+        // The next band's piece of each column is on its way while this
+        // band goes out: addresses no prefetcher could guess.
+        for (int top = 0; top < m_nHeight; top += BAND) {
+            const uint32_t* next = pen.pBands && top + BAND < m_nHeight
+                                       ? pen.pBands + static_cast<size_t>(top + BAND) * m_nWidth
+                                       : nullptr;
+            for (int at : lines) {
+                if (next) __builtin_prefetch(next + static_cast<size_t>(at) * BAND);
+                pen.Column(at, top, std::min(m_nHeight, top + BAND) - 1);
+            }
         }
     });
 }

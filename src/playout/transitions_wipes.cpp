@@ -4,11 +4,15 @@
 #include <vector>
 
 #include "playout/effect_decklink.h"
+#include "playout/ray_fan.h"
 
 namespace orv {
 
 // "Wipe Down" and "Wipe Up" move a band of rows, "Wipe Right" and "Wipe
-// Left" a run of columns.
+// Left" a band of columns. Bands of lines side by side go out as one
+// rectangle here and in the routines below: the same pixels, written row
+// by row, for a column of the canvas is a walk in steps of 16 KiB that the
+// caches cannot follow.
 void EffectDecklink::WipeEffect(int* request, int phase, const int* steps) {
     if (phase != 0 && phase != 2) return;
     const int number = ReadPhaseRequest(request, phase).nEffect;
@@ -18,13 +22,32 @@ void EffectDecklink::WipeEffect(int* request, int phase, const int* steps) {
     StepLoop(plan, [&](int p, int step) {
         if (number == 18) pen.Rect(0, p, m_nWidth, step);
         if (number == 21) pen.Rect(0, m_nHeight - p - step, m_nWidth, step);
-        for (int i = 0; i < step && (number == 19 || number == 20); ++i)
-            pen.Column(number == 20 ? p + i : m_nWidth - 1 - p - i, 0, m_nHeight - 1);
+        if (number == 20) pen.Rect(p, 0, step, m_nHeight);
+        if (number == 19) pen.Rect(m_nWidth - p - step, 0, step, m_nHeight);
     });
 }
 
+// Columns x, x + dir, ... (n of them), the i-th from row top + i down to
+// row bottom - i: the rows where all of them stand as one rectangle, the
+// rows above and below as short runs.
+void EffectDecklink::Trapezoid(const UstPen& pen, int x, int dir, int n, int top, int bottom) {
+    if (n <= 0) return;
+    const int bandTop = top + n - 1, bandBottom = bottom - n + 1;
+    const bool band = bandTop <= bandBottom;
+    if (band) pen.Rect(dir > 0 ? x : x - n + 1, bandTop, n, bandBottom - bandTop + 1);
+    for (int y = top; y <= bottom; ++y) {
+        if (band && y == bandTop) {
+            y = bandBottom;
+            continue;
+        }
+        const int k = std::min({n - 1, y - top, bottom - y});
+        dir > 0 ? pen.Row(x, x + k, y) : pen.Row(x - k, x, y);
+    }
+}
+
 // Rows close in at the speed of the step, columns at the frame's ratio
-// times that; the last step takes the whole inner rectangle at once.
+// times that, each new column from its own depth; the last step takes the
+// whole inner rectangle at once.
 void EffectDecklink::BoxInSubStep(const UstPen& pen, int p, int step, int total, double q, int& c) {
     const int w = m_nWidth, h = m_nHeight;
     if (step >= total - p) {
@@ -32,16 +55,10 @@ void EffectDecklink::BoxInSubStep(const UstPen& pen, int p, int step, int total,
         return;
     }
     const int n = static_cast<int>((p + step) * q) - c;
-    for (int i = 0; i < std::max(n, step); ++i) {
-        if (i < step) {
-            pen.Row(0, w - 1, p + i);
-            pen.Row(0, w - 1, h - 1 - p - i);
-        }
-        if (i < n) {
-            pen.Column(c + i, p + i, h - 1 - p - i);
-            pen.Column(w - 1 - c - i, p + i, h - 1 - p - i);
-        }
-    }
+    pen.Rect(0, p, w, step);
+    pen.Rect(0, h - p - step, w, step);
+    Trapezoid(pen, c, 1, n, p, h - 1 - p);
+    Trapezoid(pen, w - 1 - c, -1, n, p, h - 1 - p);
     c += n;
 }
 
@@ -59,14 +76,10 @@ void EffectDecklink::BoxOutSubStep(const UstPen& pen, int p, int step, int total
     }
     const int n = static_cast<int>((p + step) * q) - c;
     const int side = c + n, reach = p + step;
-    for (int i = 0; i < step; ++i) {
-        pen.Row(mx - side, mx + side - 1, my - 1 - p - i);
-        pen.Row(mx - side, mx + side - 1, my + p + i);
-    }
-    for (int i = 0; i < n; ++i) {
-        pen.Column(mx - 1 - c - i, my - reach, my + reach - 1);
-        pen.Column(mx + c + i, my - reach, my + reach - 1);
-    }
+    pen.Rect(mx - side, my - reach, 2 * side, step);
+    pen.Rect(mx - side, my + p, 2 * side, step);
+    pen.Rect(mx - side, my - reach, n, 2 * reach);
+    pen.Rect(mx + c, my - reach, n, 2 * reach);
     c += n;
 }
 
@@ -96,16 +109,10 @@ void EffectDecklink::PlusEffect(int* request, int phase, const int* steps) {
     const UstPen pen = PenFor(phase);
     StepLoop(plan, [&](int p, int step) {
         const int n = p + step >= plan.nTotal ? w / 2 - c : static_cast<int>(p * q) - c;
-        for (int i = 0; i < std::max(n, step); ++i) {
-            if (i < step) {
-                pen.Row(0, w - 1, h / 2 - 1 - p - i);
-                pen.Row(0, w - 1, h / 2 + p + i);
-            }
-            if (i < n) {
-                pen.Column(w / 2 - 1 - c - i, 0, h - 1);
-                pen.Column(w / 2 + c + i, 0, h - 1);
-            }
-        }
+        pen.Rect(0, h / 2 - p - step, w, step);
+        pen.Rect(0, h / 2 + p, w, step);
+        pen.Rect(w / 2 - c - n, 0, n, h);
+        pen.Rect(w / 2 + c, 0, n, h);
         c += n;
     });
 }
@@ -125,19 +132,22 @@ void EffectDecklink::SpokeEffect(const UstStepPlan& base, int spokes, bool wedge
     UstStepPlan plan = base;
     plan.nTotal = wedge ? count / 2 : count / spokes + (count % spokes ? 1 : 0);
     const UstPen pen = PenFor(plan.nPhase);
+    CRayFan fan(h);
     auto ray = [&](int entry) {
         const size_t e = static_cast<size_t>(entry % count);
-        pen.Slant(cx, cy, xs[e], ys[e]);
+        fan.AddRay(cx, cy, xs[e], ys[e]);
     };
+    // One front (or spoke) after the other, so that neighbouring rays come
+    // together.
     StepLoop(plan, [&](int p, int step) {
-        for (int i = 0; i < step; ++i) {
-            if (wedge) {
-                ray(p + i);
-                ray(count - 1 - p - i);
-            }
-            for (int k = 0; k < spokes && !wedge; ++k)
+        for (int i = 0; i < step && wedge; ++i)
+            ray(p + i);
+        for (int i = 0; i < step && wedge; ++i)
+            ray(count - 1 - p - i);
+        for (int k = 0; k < spokes && !wedge; ++k)
+            for (int i = 0; i < step; ++i)
                 ray(starts[static_cast<size_t>(k)] + p + i);
-        }
+        fan.Flush([&](int x1, int x2, int y) { pen.Row(x1, x2, y); });
     });
 }
 
@@ -153,7 +163,8 @@ void EffectDecklink::WheelEffect(int* request, int phase, const int* steps) {
     SpokeEffect(PlanFor(request, phase, steps), SPOKES[std::clamp(number - 26, 0, 4)], false);
 }
 
-// Two lines a unit that meet in the middle (In) or part from it (Out).
+// Two bands that meet in the middle (In) or part from it (Out), a line
+// each a unit of the step.
 void EffectDecklink::SplitEffect(int* request, int phase, const int* steps) {
     if (phase != 0 && phase != 2) return;
     const int number = ReadPhaseRequest(request, phase).nEffect;
@@ -162,14 +173,12 @@ void EffectDecklink::SplitEffect(int* request, int phase, const int* steps) {
     UstStepPlan plan = PlanFor(request, phase, steps);
     plan.nTotal = length / 2;
     const UstPen pen = PenFor(phase);
-    auto line = [&](int at) {
-        rows ? pen.Row(0, m_nWidth - 1, at) : pen.Column(at, 0, m_nHeight - 1);
+    auto band = [&](int at, int n) {
+        rows ? pen.Rect(0, at, m_nWidth, n) : pen.Rect(at, 0, n, m_nHeight);
     };
     StepLoop(plan, [&](int p, int step) {
-        for (int i = 0; i < step; ++i) {
-            line(in ? p + i : length / 2 - 1 - p - i);
-            line(in ? length - 1 - p - i : length / 2 + p + i);
-        }
+        band(in ? p : length / 2 - p - step, step);
+        band(in ? length - p - step : length / 2 + p, step);
     });
 }
 

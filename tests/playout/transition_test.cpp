@@ -132,14 +132,14 @@ TEST(StepLoop, EachPatternStartsWhereItShould) {
         int number, xIn, yIn, xOut, yOut;
     };
     const UstStart starts[] = {
-        {14, 0, 0, 1279, 0},      {14, 1279, 30, 0, 30},    {15, 0, 0, 0, 719},
-        {15, 40, 719, 40, 0},     {18, 0, 3, 0, 719},       {19, 1279, 0, 0, 0},
-        {20, 5, 0, 1279, 0},      {21, 0, 716, 0, 0},       {22, 0, 1, 639, 359},
-        {23, 639, 359, 0, 0},     {24, 0, 360, 0, 0},       {25, 639, 100, 639, 600},
-        {26, 660, 0, 620, 0},     {29, 639, 50, 1230, 50},  {29, 1230, 359, 1230, 50},
-        {29, 640, 700, 1230, 50}, {29, 50, 360, 1230, 50},  {30, 640, 50, 1230, 50},
-        {31, 0, 0, 0, 359},       {31, 0, 719, 0, 359},     {32, 0, 359, 0, 0},
-        {33, 0, 0, 639, 0},       {34, 639, 0, 0, 0},       {34, 640, 0, 1279, 0}};
+        {14, 0, 0, 1279, 0},      {14, 1279, 30, 0, 30},   {15, 0, 0, 0, 719},
+        {15, 40, 719, 40, 0},     {18, 0, 3, 0, 719},      {19, 1279, 0, 0, 0},
+        {20, 5, 0, 1279, 0},      {21, 0, 716, 0, 0},      {22, 0, 1, 639, 359},
+        {23, 639, 359, 0, 0},     {24, 0, 360, 0, 0},      {25, 639, 100, 639, 600},
+        {26, 660, 0, 620, 0},     {29, 639, 50, 1230, 50}, {29, 1230, 359, 1230, 50},
+        {29, 640, 700, 1230, 50}, {29, 50, 360, 1230, 50}, {30, 640, 50, 1230, 50},
+        {31, 0, 0, 0, 359},       {31, 0, 719, 0, 359},    {32, 0, 359, 0, 0},
+        {33, 0, 0, 639, 0},       {34, 639, 0, 0, 0},      {34, 640, 0, 1279, 0}};
     UstRig rig("720p5994", EPlayoutClock::HAND);
     for (const UstStart& s : starts) {
         rig.Reset();
@@ -155,6 +155,58 @@ TEST(StepLoop, EachPatternStartsWhereItShould) {
         EXPECT_EQ(first[in], rig.page[in]) << s.number;
         EXPECT_EQ(first[out], 0u) << s.number;
     }
+}
+
+// Midway, exactly the units of the sub-steps done and nothing else: after
+// the first frame of 1080i at speed 10, 200 whole shuffled columns (or
+// rows); on 720p at speed 10, the 36 rays of each of the eight spokes,
+// pixel for pixel as the slanted run takes them.
+TEST(StepLoop, MidwayOnlyTheUnitsDoneShow) {
+    for (int number : {16, 17}) {
+        UstRig rig("1080i5994", EPlayoutClock::HAND);
+        UstPageEffect request = Request(number, 10, false, number, 10, false);
+        std::vector<uint32_t> first;
+        RunByHand(
+            rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
+            [&](int frame) {
+                if (frame == 1) first = rig.PageView();
+            });
+        const bool rows = number == 16;
+        int whole = 0, empty = 0;
+        for (int k = 0; k < (rows ? 1080 : 1920); ++k) {
+            int same = 0, zero = 0;
+            for (int i = 0; i < (rows ? 1920 : 1080); ++i) {
+                const size_t at =
+                    rows ? static_cast<size_t>(k) * 1920 + i : static_cast<size_t>(i) * 1920 + k;
+                same += first[at] == rig.page[at];
+                zero += first[at] == 0;
+            }
+            whole += same == (rows ? 1920 : 1080);
+            empty += zero == (rows ? 1920 : 1080);
+        }
+        EXPECT_EQ(whole, 200) << number;
+        EXPECT_EQ(whole + empty, rows ? 1080 : 1920) << number;
+    }
+    UstRig rig("720p5994", EPlayoutClock::HAND);
+    UstPageEffect request = Request(30, 10, false, 30, 10, false);
+    std::vector<uint32_t> first;
+    RunByHand(
+        rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
+        [&](int frame) {
+            if (frame == 1) first = rig.PageView();
+        });
+    std::vector<int16_t> xs(4000), ys(4000);
+    rig.Engine().BuildPerimeter(xs.data(), ys.data(), 640, 360, 1280, 720);
+    std::vector<uint32_t> expected(first.size(), 0);
+    for (int spoke = 0; spoke < 8; ++spoke)
+        for (int i = 0; i < 36; ++i) {
+            const size_t e = static_cast<size_t>(spoke * 500 + i);
+            ForSlantRun(640, 360, xs[e], ys[e], [&](int x, int y) {
+                const size_t at = static_cast<size_t>(y) * 1280 + x;
+                expected[at] = rig.page[at];
+            });
+        }
+    EXPECT_EQ(CountDifferent(first, expected), 0);
 }
 
 // 1080 / 4 = 270 sub-steps, two to a frame, then the frame of the last
