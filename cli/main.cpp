@@ -28,6 +28,7 @@ const char* const HELP =
     "       orvantis-cli ani-info FILE\n"
     "       orvantis-cli ani-frame FILE N OUT.png\n"
     "       orvantis-cli transition PROJECT PAGE --in N --out M [options]\n"
+    "       orvantis-cli transition PROJECT PAGE --roll [options]\n"
     "\n"
     "The headless companion of the Orvantis-HD editor. PROJECT is a project\n"
     "file (project.qrdprj); its Data and Object folders lie beside it.\n"
@@ -80,7 +81,17 @@ const char* const HELP =
     "      --mode MODE    as for output (1080i5994)\n"
     "      --sheet OUT.png  a contact sheet of 24 evenly spaced frames, each with\n"
     "                     its number, stage and key level\n"
-    "      --output SPEC  play in real time to an output, as for output\n";
+    "      --output SPEC  play in real time to an output, as for output\n"
+    "  transition PROJECT PAGE --roll\n"
+    "                roll or crawl a Roll or Crawl page of a project through its\n"
+    "                passes; 'demo 1' is built-in end credits that roll, 'demo 2'\n"
+    "                the same crawling\n"
+    "      --speed S      1 to 10 (the page's own)\n"
+    "      --repeat N     passes after the first (the page's own)\n"
+    "      --delay S      seconds between passes (the page's own)\n"
+    "      --faster F, --slower F   press Faster (+) or Slower (-) at output\n"
+    "                     frame F; each may be given several times\n"
+    "      --mode, --sheet, --output  as above\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {

@@ -14,6 +14,7 @@
 #include "board/hd_extreme.h"
 #include "board/test_board.h"
 #include "contact_sheet.h"
+#include "roll_command.h"
 #include "playout/effect_table.h"
 #include "playout/transition_driver.h"
 #include "project/settings_records.h"
@@ -138,6 +139,8 @@ std::unique_ptr<CCanvasBoard> MakeBoard(const UstTransitionArgs& a) {
 }  // namespace
 
 int PlayTransition(int argc, char** argv) {
+    for (int i = 4; i < argc; ++i)
+        if (std::string(argv[i]) == "--roll") return PlayRoll(argc, argv);
     UstTransitionArgs a;
     const std::string error = ReadArgs(argc, argv, a);
     if (!error.empty()) return Usage(error);
