@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
+
 #include "objects/text_object.h"
 #include "render/fixed_string.h"
 
@@ -66,16 +68,26 @@ std::unique_ptr<CQRDObjectText> MakeBlock(const QString& text, int size, float x
 
 }  // namespace
 
+// The blocks of a screen spread so that the widest still ends inside the
+// screen's margin: nothing of one screen reaches into the next.
 std::vector<std::unique_ptr<CQRDObject>> BuildCredits(const UstCreditsPlan& plan, int w, int h) {
-    std::vector<std::unique_ptr<CQRDObject>> page;
+    std::vector<std::unique_ptr<CQRDObjectText>> blocks;
+    int widest = 0;
     const int columns = std::max(1, plan.nColumns);
-    const float margin = w * 0.05f, columnWidth = (w - 2 * margin) / columns;
-    for (int s = 0; s < plan.nScreens; ++s) {
+    for (int s = 0; s < plan.nScreens; ++s)
+        for (int c = 0; c < columns; ++c) {
+            blocks.push_back(MakeBlock(BlockText(s, c, plan.nLines), plan.nSize, 0, 0));
+            widest = std::max(widest, blocks.back()->GetBoundRect().Width());
+        }
+    const float margin = w * 0.05f;
+    const float spacing = columns > 1 ? (w - 2 * margin - widest) / (columns - 1) : 0.0f;
+    std::vector<std::unique_ptr<CQRDObject>> page;
+    for (size_t i = 0; i < blocks.size(); ++i) {
+        const int s = static_cast<int>(i) / columns, c = static_cast<int>(i) % columns;
         const float left = plan.bCrawl ? static_cast<float>(s) * w : 0.0f;
         const float top = plan.bCrawl ? 0.0f : static_cast<float>(s) * h;
-        for (int c = 0; c < columns; ++c)
-            page.push_back(MakeBlock(BlockText(s, c, plan.nLines), plan.nSize,
-                                     left + margin + c * columnWidth, top + h * 0.04f + plan.nSize));
+        blocks[i]->SetOrigin(left + margin + c * spacing, top + h * 0.04f + plan.nSize);
+        page.push_back(std::move(blocks[i]));
     }
     return page;
 }
