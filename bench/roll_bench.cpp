@@ -120,9 +120,10 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    std::printf("targets: late strips 0, strip fraction %.1f, sub-step p95 ratio %.1f of a cold "
-                "memcpy of a 1920 x 1080 frame\n",
-                STRIP_TARGET, STEP_TARGET);
+    std::printf(
+        "targets: late strips 0, strip fraction %.1f, sub-step p95 ratio %.1f of a cold "
+        "memcpy of a 1920 x 1080 frame\n",
+        STRIP_TARGET, STEP_TARGET);
     for (const std::string& miss : g_misses)
         std::printf("MISSED TARGET: %s\n", miss.c_str());
     return g_misses.empty() ? 0 : 1;

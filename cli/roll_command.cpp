@@ -98,7 +98,8 @@ CPageManager* TakePage(const UstRollArgs& a, CProjectManager& project, CPageMana
         UstCreditsPlan plan;
         plan.bCrawl = a.nPage == 2;
         demo.m_nPageType = plan.bCrawl ? 2 : 1;
-        demo.m_effect.nInEffect = demo.m_effect.nOutEffect = plan.bCrawl ? EFFECT_CRAWL : EFFECT_ROLL;
+        demo.m_effect.nInEffect = demo.m_effect.nOutEffect =
+            plan.bCrawl ? EFFECT_CRAWL : EFFECT_ROLL;
         demo.m_effect.nInSpeed = 6;
         for (auto& o : BuildCredits(plan, w, h))
             demo.AddObject(std::move(o));
@@ -172,8 +173,8 @@ int PlayRoll(int argc, char** argv) {
     CDecklinkPipeline& pipe = *board->GetPipeline();
     const size_t failuresBefore = pipe.Failures().size();
     std::atomic<int> frame{0};
-    const int observer = pipe.AddFrameObserver(
-        [&](const uint32_t* pixels, const CfgVideo& format, int level) {
+    const int observer =
+        pipe.AddFrameObserver([&](const uint32_t* pixels, const CfgVideo& format, int level) {
             collector.Add(pixels, format, level);
             PressKeys(a, page, ++frame);
         });
@@ -193,8 +194,8 @@ int PlayRoll(int argc, char** argv) {
                 driver.Engine().m_nStrips - 1, speed, page->m_effect.nInSpeed, stats.nLateStrips);
     if (a.strSheet.empty()) return failed ? 1 : 0;
     const QImage sheet = MakeContactSheet(
-        frames, SheetTitle(a, *page, *board, speed, static_cast<int>(frames.size())),
-        SHEET_FRAMES, SHEET_COLUMNS);
+        frames, SheetTitle(a, *page, *board, speed, static_cast<int>(frames.size())), SHEET_FRAMES,
+        SHEET_COLUMNS);
     QString saveError;
     if (!SavePngFile(sheet, QString::fromLocal8Bit(a.strSheet.c_str()), &saveError)) {
         std::fprintf(stderr, "orvantis-cli transition: %s\n", saveError.toLocal8Bit().constData());

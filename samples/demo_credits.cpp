@@ -13,11 +13,11 @@ namespace orv {
 namespace {
 
 // Short enough that four blocks of 48-point lines fit across a 1920 frame.
-const char* const ROLES[] = {"Camera", "Sound", "Editor", "Lights", "Vision", "Script", "Grip",
-                             "Floor",  "Design", "Music", "Props",  "Runner", "Stunts", "Wigs",
-                             "Titles"};
-const char* const NAMES[] = {"J. Kim", "R. Silva", "M. Nov", "S. Park", "L. Chen",
-                             "D. Rey", "K. Osei",  "T. Berg", "H. Lee", "A. Mor"};
+const char* const ROLES[] = {"Camera", "Sound",  "Editor", "Lights", "Vision",
+                             "Script", "Grip",   "Floor",  "Design", "Music",
+                             "Props",  "Runner", "Stunts", "Wigs",   "Titles"};
+const char* const NAMES[] = {"J. Kim", "R. Silva", "M. Nov",  "S. Park", "L. Chen",
+                             "D. Rey", "K. Osei",  "T. Berg", "H. Lee",  "A. Mor"};
 
 UstAttr CreditPaints() {
     UstAttr a = MakeDefaultAttr();

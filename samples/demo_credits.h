@@ -11,10 +11,10 @@
 namespace orv {
 
 struct UstCreditsPlan {
-    int nScreens = 6;   // frames' worth of page along the movement
-    int nColumns = 2;   // blocks across each screen
-    int nLines = 8;     // lines in each block
-    int nSize = 48;     // points
+    int nScreens = 6;     // frames' worth of page along the movement
+    int nColumns = 2;     // blocks across each screen
+    int nLines = 8;       // lines in each block
+    int nSize = 48;       // points
     bool bCrawl = false;  // screens side by side instead of one below the other
 };
 

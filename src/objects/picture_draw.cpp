@@ -103,8 +103,8 @@ void CQRDObjectPicture::PrepareScrollImage(int32_t, int32_t height) {
     DropUnreachable(m_prepared);
 }
 
-void CQRDObjectPicture::DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
-                  int bottom) {
+void CQRDObjectPicture::DrawLive(uint32_t* bits, int width, int height, int left, int top,
+                                 int right, int bottom) {
     DrawImageInStrip(m_prepared, bits, width, height, {left, top, right, bottom});
 }
 

@@ -76,7 +76,7 @@ void CQRDObjectShape::PrepareScrollImage(int32_t, int32_t height) {
 }
 
 void CQRDObjectShape::DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
-                  int bottom) {
+                               int bottom) {
     DrawImageInStrip(m_prepared, bits, width, height, {left, top, right, bottom});
 }
 

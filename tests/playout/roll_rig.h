@@ -102,7 +102,8 @@ struct UstRollRig {
     // A strip object over the page's first `length` rows (roll) or columns
     // (crawl), the full frame across.
     CStripObject* AddStrips(int length) {
-        const UstRect r = page.m_nPageType == 2 ? UstRect{0, 0, length, h} : UstRect{0, 0, w, length};
+        const UstRect r =
+            page.m_nPageType == 2 ? UstRect{0, 0, length, h} : UstRect{0, 0, w, length};
         return static_cast<CStripObject*>(page.AddObject(std::make_unique<CStripObject>(r)));
     }
     // The page's own request, as the play engine passes it: the keys change
@@ -117,15 +118,16 @@ struct UstRollRig {
         std::fill(bufferA.begin(), bufferA.end(), 0u);
         std::fill(bufferB.begin(), bufferB.end(), 0u);
         page.DrawForPlay(bufferA.data(), nullptr, w, h);
-        const int frames = RunByHand(board,
-                                     [&] {
-                                         engine.Run(Words(), 0, &page);
-                                         if (afterRun) afterRun();
-                                     },
-                                     [&](int frame) {
-                                         if (!racing) WaitForStripThread();
-                                         if (afterFrame) afterFrame(frame);
-                                     });
+        const int frames = RunByHand(
+            board,
+            [&] {
+                engine.Run(Words(), 0, &page);
+                if (afterRun) afterRun();
+            },
+            [&](int frame) {
+                if (!racing) WaitForStripThread();
+                if (afterFrame) afterFrame(frame);
+            });
         page.EndScroll();
         return frames;
     }
@@ -144,8 +146,9 @@ struct UstRollRig {
         const bool crawl = page.m_nPageType == 2;
         for (int i = 0; i < rows; ++i)
             for (int j = 0; j < (crawl ? h : w); ++j)
-                out.push_back(crawl ? *CanvasPixel(const_cast<uint32_t*>(canvas), x + w - rows + i, y + j)
-                                    : *CanvasPixel(const_cast<uint32_t*>(canvas), x + j, y + h - rows + i));
+                out.push_back(
+                    crawl ? *CanvasPixel(const_cast<uint32_t*>(canvas), x + w - rows + i, y + j)
+                          : *CanvasPixel(const_cast<uint32_t*>(canvas), x + j, y + h - rows + i));
         return out;
     }
     int Origin() {

@@ -57,7 +57,7 @@ void ExpectPageEntersInOrder(int pageType, int speed, int frames) {
     EXPECT_EQ(ran, frames);
     EXPECT_EQ(rig.engine.m_nStrips, 4);
     EXPECT_TRUE(threadSeen);
-    EXPECT_EQ(rig.engine.m_hStripThread, nullptr);  // ended with the run
+    EXPECT_EQ(rig.engine.m_hStripThread, nullptr);     // ended with the run
     EXPECT_EQ(rig.engine.Stats().nStripsRendered, 2);  // strip 2 and the blank one
     EXPECT_EQ(rig.engine.Stats().nLateStrips, 0);
     EXPECT_EQ(origin, 4 * unit % CANVAS_SIZE);
@@ -118,10 +118,10 @@ TEST(ScrollPasses, StepsSplitAtStripEndsAndTheLastIsClipped) {
     }
     EXPECT_EQ(rows, 1944);
     // Each crossing: the end of one buffer, then the start of the other.
-    const std::vector<std::vector<int>> crossings = {{480, 6, 0, 14}, {474, 12, 0, 8},
-                                                     {468, 18, 0, 2}};
-    const std::vector<std::pair<const uint32_t*, const uint32_t*>> buffers = {{a, b}, {b, a},
-                                                                              {a, b}};
+    const std::vector<std::vector<int>> crossings = {
+        {480, 6, 0, 14}, {474, 12, 0, 8}, {468, 18, 0, 2}};
+    const std::vector<std::pair<const uint32_t*, const uint32_t*>> buffers = {
+        {a, b}, {b, a}, {a, b}};
     size_t found = 0;
     for (size_t i = 0; i + 1 < writes.size() && found < crossings.size(); ++i) {
         if (writes[i].h == 20) continue;

@@ -20,7 +20,8 @@ namespace {
 constexpr int W = 320, H = 180;
 
 int CountNonZero(const std::vector<uint32_t>& bits) {
-    return static_cast<int>(bits.size() - static_cast<size_t>(std::count(bits.begin(), bits.end(), 0u)));
+    return static_cast<int>(bits.size() -
+                            static_cast<size_t>(std::count(bits.begin(), bits.end(), 0u)));
 }
 
 class PageScroll : public testing::Test {
@@ -121,9 +122,9 @@ TEST_F(PageScroll, ObjectsOffThePageOrOfNoSizeDrawNothing) {
     page->EndScroll();
     const UstAttr attr = MakeDefaultAttr();
     const UstEffect effect = MakeDefaultEffect();
-    for (const UstRect& r : {UstRect{-5000, -5000, -4800, -4800}, UstRect{-300, 100, -40, 200},
-                             UstRect{5000, 50, 5200, 250}, UstRect{60, 60, 60, 60},
-                             UstRect{60, 60, 200, 60}}) {
+    for (const UstRect& r :
+         {UstRect{-5000, -5000, -4800, -4800}, UstRect{-300, 100, -40, 200},
+          UstRect{5000, 50, 5200, 250}, UstRect{60, 60, 60, 60}, UstRect{60, 60, 200, 60}}) {
         auto shape = std::make_unique<CQRDObjectShape>(page, 3, r, attr, effect);
         shape->m_rcStored = r;
         page->AddObject(std::move(shape));

@@ -15,7 +15,8 @@ namespace orv::test {
 
 // The value of page pixel (x, y): rows and columns up to 4095 stay distinct.
 inline uint32_t PagePixel(int x, int y) {
-    return 0xFF000000u | (static_cast<uint32_t>(y & 0xFFF) << 12) | static_cast<uint32_t>(x & 0xFFF);
+    return 0xFF000000u | (static_cast<uint32_t>(y & 0xFFF) << 12) |
+           static_cast<uint32_t>(x & 0xFFF);
 }
 
 class CStripObject : public CQRDObject {
