@@ -14,6 +14,7 @@
 #include "board/hd_extreme.h"
 #include "board/test_board.h"
 #include "contact_sheet.h"
+#include "play_common.h"
 #include "playout/effect_table.h"
 #include "playout/scroll_speed.h"
 #include "playout/transition_driver.h"
@@ -25,7 +26,7 @@ namespace orv::cli {
 
 namespace {
 
-constexpr int SHEET_FRAMES = 24, SHEET_COLUMNS = 6, THUMB_WIDTH = 320;
+constexpr int THUMB_WIDTH = 320;
 
 struct UstRollArgs {
     std::string strProject, strSheet;
@@ -43,14 +44,6 @@ int Usage(const std::string& why) {
                  "[--sheet OUT.png] [--output SPEC]\n",
                  why.c_str());
     return 2;
-}
-
-bool ReadNumber(const std::string& text, int low, int high, int& out) {
-    char* end = nullptr;
-    const long v = std::strtol(text.c_str(), &end, 10);
-    if (text.empty() || *end != '\0' || v < low || v > high) return false;
-    out = static_cast<int>(v);
-    return true;
 }
 
 std::string ReadOption(const std::string& name, const std::string& value, UstRollArgs& a) {
@@ -120,13 +113,6 @@ CPageManager* TakePage(const UstRollArgs& a, CProjectManager& project, CPageMana
     return page;
 }
 
-std::unique_ptr<CCanvasBoard> MakeBoard(const UstRollArgs& a) {
-    if (a.board.output) return std::make_unique<IF_HDExtreme>(a.board);
-    CfgVideo mode = a.board.mode.value_or(CfgVideo{});
-    if (!a.board.mode) ModeByShortName("1080i5994", mode);
-    return std::make_unique<CTestBoard>(mode, EPlayoutClock::FREE);
-}
-
 // The keys pressed at their frames, from the thread that sends the frames
 // out, as the operator's keys come from another thread than the drawing.
 void PressKeys(const UstRollArgs& a, CPageManager* page, int frame) {
@@ -158,7 +144,7 @@ int PlayRoll(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     int qtArgc = 1;
     QGuiApplication app(qtArgc, argv);
-    std::unique_ptr<CCanvasBoard> board = MakeBoard(a);
+    std::unique_ptr<CCanvasBoard> board = MakePlayBoard(a.board);
     const UstSize size = board->GetFrameSize(0);
     CProjectManager project;
     CPageManager demo;
@@ -183,25 +169,15 @@ int PlayRoll(int argc, char** argv) {
     if (a.board.output) pipe.WaitFrames();
     pipe.RemoveFrameObserver(observer);
     const std::vector<UstSheetFrame> frames = collector.Frames();
-    const bool failed = pipe.Failures().size() > failuresBefore;
-    for (size_t i = failuresBefore; i < pipe.Failures().size(); ++i)
-        std::fprintf(stderr, "orvantis-cli transition: the output %s failed (%s)\n",
-                     pipe.Failures()[i].strOutput.c_str(), pipe.Failures()[i].strReason.c_str());
+    const bool failed = ReportFailures(pipe, failuresBefore);
     board->Close();
     const UstStepStats& stats = driver.Engine().Stats();
     std::printf("%d frames: %s of %d strips at speed %d, ending at speed %d; %d strips late\n",
                 static_cast<int>(frames.size()), page->m_nPageType == 2 ? "crawl" : "roll",
                 driver.Engine().m_nStrips - 1, speed, page->m_effect.nInSpeed, stats.nLateStrips);
     if (a.strSheet.empty()) return failed ? 1 : 0;
-    const QImage sheet = MakeContactSheet(
-        frames, SheetTitle(a, *page, *board, speed, static_cast<int>(frames.size())), SHEET_FRAMES,
-        SHEET_COLUMNS);
-    QString saveError;
-    if (!SavePngFile(sheet, QString::fromLocal8Bit(a.strSheet.c_str()), &saveError)) {
-        std::fprintf(stderr, "orvantis-cli transition: %s\n", saveError.toLocal8Bit().constData());
-        return 1;
-    }
-    std::printf("Contact sheet written to %s\n", a.strSheet.c_str());
+    const QString title = SheetTitle(a, *page, *board, speed, static_cast<int>(frames.size()));
+    if (!SaveSheet(frames, title, a.strSheet)) return 1;
     return failed ? 1 : 0;
 }
 

@@ -14,17 +14,18 @@
 #include "board/hd_extreme.h"
 #include "board/test_board.h"
 #include "contact_sheet.h"
-#include "roll_command.h"
+#include "play_common.h"
 #include "playout/effect_table.h"
 #include "playout/transition_driver.h"
 #include "project/settings_records.h"
+#include "roll_command.h"
 #include "samples/demo_page.h"
 
 namespace orv::cli {
 
 namespace {
 
-constexpr int SHEET_FRAMES = 24, SHEET_COLUMNS = 6, THUMB_WIDTH = 320;
+constexpr int THUMB_WIDTH = 320;
 
 struct UstTransitionArgs {
     std::string strProject, strSheet;
@@ -41,14 +42,6 @@ int Usage(const std::string& why) {
                  "[--fade] [--hold FRAMES] [--mode MODE] [--sheet OUT.png] [--output SPEC]\n",
                  why.c_str());
     return 2;
-}
-
-bool ReadNumber(const std::string& text, int low, int high, int& out) {
-    char* end = nullptr;
-    const long v = std::strtol(text.c_str(), &end, 10);
-    if (text.empty() || *end != '\0' || v < low || v > high) return false;
-    out = static_cast<int>(v);
-    return true;
 }
 
 // The gallery's rows only: roll and crawl come with scroll pages.
@@ -127,15 +120,6 @@ QString SheetTitle(const UstTransitionArgs& a, const CCanvasBoard& board, int fr
         .arg(frames);
 }
 
-// A card or file output plays at the output's pace; a sheet alone needs no
-// clock and runs through the test board as fast as it can draw.
-std::unique_ptr<CCanvasBoard> MakeBoard(const UstTransitionArgs& a) {
-    if (a.board.output) return std::make_unique<IF_HDExtreme>(a.board);
-    CfgVideo mode = a.board.mode.value_or(CfgVideo{});
-    if (!a.board.mode) ModeByShortName("1080i5994", mode);
-    return std::make_unique<CTestBoard>(mode, EPlayoutClock::FREE);
-}
-
 }  // namespace
 
 int PlayTransition(int argc, char** argv) {
@@ -147,7 +131,7 @@ int PlayTransition(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     int qtArgc = 1;
     QGuiApplication app(qtArgc, argv);
-    std::unique_ptr<CCanvasBoard> board = MakeBoard(a);
+    std::unique_ptr<CCanvasBoard> board = MakePlayBoard(a.board);
     const UstSize size = board->GetFrameSize(0);
     std::vector<uint32_t> page;
     if (!LoadPage(a, size.cx, size.cy, page)) return 1;
@@ -171,24 +155,14 @@ int PlayTransition(int argc, char** argv) {
     if (a.board.output) pipe.WaitFrames();  // the last frames reach the file
     pipe.RemoveFrameObserver(observer);
     const std::vector<UstSheetFrame> frames = collector.Frames();
-    const bool failed = pipe.Failures().size() > failuresBefore;
-    for (size_t i = failuresBefore; i < pipe.Failures().size(); ++i)
-        std::fprintf(stderr, "orvantis-cli transition: the output %s failed (%s)\n",
-                     pipe.Failures()[i].strOutput.c_str(), pipe.Failures()[i].strReason.c_str());
+    const bool failed = ReportFailures(pipe, failuresBefore);
     board->Close();
     std::printf("%d frames: in %s, out %s at speed %d\n", static_cast<int>(frames.size()),
                 EffectName(a.nIn, LANG_ENGLISH).toUtf8().constData(),
                 EffectName(a.nOut, LANG_ENGLISH).toUtf8().constData(), a.nSpeed);
     if (a.strSheet.empty()) return failed ? 1 : 0;
-    const QImage sheet =
-        MakeContactSheet(frames, SheetTitle(a, *board, static_cast<int>(frames.size())),
-                         SHEET_FRAMES, SHEET_COLUMNS);
-    QString saveError;
-    if (!SavePngFile(sheet, QString::fromLocal8Bit(a.strSheet.c_str()), &saveError)) {
-        std::fprintf(stderr, "orvantis-cli transition: %s\n", saveError.toLocal8Bit().constData());
+    if (!SaveSheet(frames, SheetTitle(a, *board, static_cast<int>(frames.size())), a.strSheet))
         return 1;
-    }
-    std::printf("Contact sheet written to %s\n", a.strSheet.c_str());
     return failed ? 1 : 0;
 }
 
