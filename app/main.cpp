@@ -11,7 +11,8 @@ namespace {
 
 // The output options, for this run only: board.ini keeps what the
 // Hardware Configuration dialog chose.
-bool ReadBoardOptions(const QStringList& arguments, orv::UstBoardOptions& options) {
+bool ReadCommandLine(const QStringList& arguments, orv::UstBoardOptions& options,
+                     QStringList& projects) {
     QCommandLineParser parser;
     parser.setApplicationDescription("Orvantis-HD, the broadcast character generator.");
     parser.addHelpOption();
@@ -24,7 +25,10 @@ bool ReadBoardOptions(const QStringList& arguments, orv::UstBoardOptions& option
          "mode"},
         {"queue", "Frames the output may hold before the playout waits (2 to 16).", "frames"},
     });
+    parser.addPositionalArgument("project", "A project to open: its folder or its project.qrdprj.",
+                                 "[project]");
     parser.process(arguments);
+    projects = parser.positionalArguments();
     for (const char* name : {"output", "mode", "queue"}) {
         if (!parser.isSet(name)) continue;
         std::string error;
@@ -41,10 +45,11 @@ bool ReadBoardOptions(const QStringList& arguments, orv::UstBoardOptions& option
 int main(int argc, char** argv) {
     QApplication qapp(argc, argv);
     orv::UstBoardOptions options;
-    if (!ReadBoardOptions(QApplication::arguments(), options)) return 2;
+    QStringList projects;
+    if (!ReadCommandLine(QApplication::arguments(), options, projects)) return 2;
     orv::CZevrantApp app;
     app.SetBoardOptions(options);
-    orv::CAppHost host(app, QApplication::arguments());
+    orv::CAppHost host(app, projects);
     const std::filesystem::path programFolder =
         QDir(QApplication::applicationDirPath()).absolutePath().toStdString();
     switch (app.InitInstance(host, programFolder)) {

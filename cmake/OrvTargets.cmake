@@ -38,10 +38,11 @@ function(orv_collect_targets dir out)
     set(${out} ${targets} PARENT_SCOPE)
 endfunction()
 
-# The core libraries must run headless: only the user interface, the editor
-# and their tests may reach QtWidgets, directly or through orv_ui.
+# The core libraries must run headless: only the user interface, the editor,
+# their tests and the soak's editing session may reach QtWidgets, directly or
+# through orv_ui.
 function(orv_check_widgets_rule)
-    set(allowed orv_ui orvantis test_ui)
+    set(allowed orv_ui orvantis test_ui orv_project_session)
     orv_collect_targets(${PROJECT_SOURCE_DIR} all)
     foreach(t ${all})
         get_target_property(type ${t} TYPE)

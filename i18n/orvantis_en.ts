@@ -151,6 +151,45 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgOpenPrj</name>
+    <message>
+        <source>Open Project</source>
+        <translation>Open Project</translation>
+    </message>
+    <message>
+        <source>Location:</source>
+        <translation>Location:</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Project</translation>
+    </message>
+    <message>
+        <source>Created</source>
+        <translation>Created</translation>
+    </message>
+    <message>
+        <source>Modified</source>
+        <translation>Modified</translation>
+    </message>
+    <message>
+        <source>Project Name:</source>
+        <translation>Project Name:</translation>
+    </message>
+    <message>
+        <source>Pages:</source>
+        <translation>Pages:</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Preview</translation>
+    </message>
+    <message>
+        <source>Please select a project.</source>
+        <translation>Please select a project.</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgOptions</name>
     <message>
         <source>Options</source>
@@ -163,6 +202,37 @@
     <message>
         <source>Edit Options</source>
         <translation>Edit Options</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPrj</name>
+    <message>
+        <source>New Project</source>
+        <translation>New Project</translation>
+    </message>
+    <message>
+        <source>Save Project As</source>
+        <translation>Save Project As</translation>
+    </message>
+    <message>
+        <source>Location:</source>
+        <translation>Location:</translation>
+    </message>
+    <message>
+        <source>Project name:</source>
+        <translation>Project name:</translation>
+    </message>
+    <message>
+        <source>HD(16:9)</source>
+        <translation>HD(16:9)</translation>
+    </message>
+    <message>
+        <source>SD(4:3)</source>
+        <translation>SD(4:3)</translation>
+    </message>
+    <message>
+        <source>The project name already exists, please reenter project name.</source>
+        <translation>The project name already exists, please reenter project name.</translation>
     </message>
 </context>
 <context>
@@ -206,12 +276,6 @@
         <translation>Failed inserting animation file</translation>
     </message>
     <message>
-        <source>Program was not closed properly.
-Recovering from the last modification.</source>
-        <translation>Program was not closed properly.
-Recovering from the last modification.</translation>
-    </message>
-    <message>
         <source>O&amp;utput</source>
         <translation>O&amp;utput</translation>
     </message>
@@ -248,38 +312,6 @@ Program Monitor</translation>
         <translation>To apply changes, the program must be restarted. Terminate program?</translation>
     </message>
     <message>
-        <source>Project files (*.qrdprj);;All files (*)</source>
-        <translation>Project files (*.qrdprj);;All files (*)</translation>
-    </message>
-    <message>
-        <source>&amp;Open Project File...</source>
-        <translation>&amp;Open Project File...</translation>
-    </message>
-    <message>
-        <source>&amp;Save</source>
-        <translation>&amp;Save</translation>
-    </message>
-    <message>
-        <source>Open Project File</source>
-        <translation>Open Project File</translation>
-    </message>
-    <message>
-        <source>The project %1 could not be opened:
-%2</source>
-        <translation>The project %1 could not be opened:
-%2</translation>
-    </message>
-    <message>
-        <source>Save Project</source>
-        <translation>Save Project</translation>
-    </message>
-    <message>
-        <source>The project could not be saved:
-%1</source>
-        <translation>The project could not be saved:
-%1</translation>
-    </message>
-    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -304,6 +336,12 @@ Background...</translation>
 Erase Background</source>
         <translation>Erase the background picture
 Erase Background</translation>
+    </message>
+    <message>
+        <source>Insert a background picture on every page
+Background to All Pages...</source>
+        <translation>Insert a background picture on every page
+Background to All Pages...</translation>
     </message>
     <message>
         <source>Insert animation
@@ -536,6 +574,22 @@ Align to bottom</translation>
         <translation>Crawl</translation>
     </message>
     <message>
+        <source>New Page</source>
+        <translation>New Page</translation>
+    </message>
+    <message>
+        <source>Delete Page</source>
+        <translation>Delete Page</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Previous Page</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Next Page</translation>
+    </message>
+    <message>
         <source>&amp;Text</source>
         <translation>&amp;Text</translation>
     </message>
@@ -614,6 +668,84 @@ Split into Characters</translation>
     <message>
         <source>Please stop automatic play out to exit play mode.</source>
         <translation>Please stop automatic play out to exit play mode.</translation>
+    </message>
+    <message>
+        <source>Project files (*.qrdprj);;All files (*)</source>
+        <translation>Project files (*.qrdprj);;All files (*)</translation>
+    </message>
+    <message>
+        <source>&amp;New Project...</source>
+        <translation>&amp;New Project...</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project...</source>
+        <translation>&amp;Open Project...</translation>
+    </message>
+    <message>
+        <source>Open Project &amp;File...</source>
+        <translation>Open Project &amp;File...</translation>
+    </message>
+    <message>
+        <source>S&amp;witch Project</source>
+        <translation>S&amp;witch Project</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>Save Project &amp;As...</source>
+        <translation>Save Project &amp;As...</translation>
+    </message>
+    <message>
+        <source>&amp;Close Project</source>
+        <translation>&amp;Close Project</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(none)</translation>
+    </message>
+    <message>
+        <source>The project %1 could not be opened:
+%2</source>
+        <translation>The project %1 could not be opened:
+%2</translation>
+    </message>
+    <message>
+        <source>Program was not closed properly.
+Recovering from the last modification.</source>
+        <translation>Program was not closed properly.
+Recovering from the last modification.</translation>
+    </message>
+    <message>
+        <source>Open Project File</source>
+        <translation>Open Project File</translation>
+    </message>
+    <message>
+        <source>Failed to create project.</source>
+        <translation>Failed to create project.</translation>
+    </message>
+    <message>
+        <source> is saved.</source>
+        <translation> is saved.</translation>
+    </message>
+    <message>
+        <source>The project could not be saved:
+%1</source>
+        <translation>The project could not be saved:
+%1</translation>
+    </message>
+    <message>
+        <source>Failed copying files.</source>
+        <translation>Failed copying files.</translation>
+    </message>
+    <message>
+        <source>Save the changes?</source>
+        <translation>Save the changes?</translation>
+    </message>
+    <message>
+        <source>Please exit play mode to close project.</source>
+        <translation>Please exit play mode to close project.</translation>
     </message>
     <message>
         <source>Rectangle</source>
@@ -903,12 +1035,8 @@ Split into Characters</translation>
         <translation>New Project</translation>
     </message>
     <message>
-        <source>The project has no file yet.</source>
-        <translation>The project has no file yet.</translation>
-    </message>
-    <message>
-        <source>The folders Data and Object cannot be made.</source>
-        <translation>The folders Data and Object cannot be made.</translation>
+        <source>The project has no folder yet.</source>
+        <translation>The project has no folder yet.</translation>
     </message>
     <message>
         <source>Failed copying files.</source>

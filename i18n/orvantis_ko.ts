@@ -151,6 +151,45 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgOpenPrj</name>
+    <message>
+        <source>Open Project</source>
+        <translation>프로젝트 열기</translation>
+    </message>
+    <message>
+        <source>Location:</source>
+        <translation>위치:</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>프로젝트</translation>
+    </message>
+    <message>
+        <source>Created</source>
+        <translation>만든 날짜</translation>
+    </message>
+    <message>
+        <source>Modified</source>
+        <translation>수정한 날짜</translation>
+    </message>
+    <message>
+        <source>Project Name:</source>
+        <translation>프로젝트 이름:</translation>
+    </message>
+    <message>
+        <source>Pages:</source>
+        <translation>페이지 수:</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>미리 보기</translation>
+    </message>
+    <message>
+        <source>Please select a project.</source>
+        <translation>프로젝트를 선택하십시오.</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgOptions</name>
     <message>
         <source>Options</source>
@@ -163,6 +202,37 @@
     <message>
         <source>Edit Options</source>
         <translation>편집 옵션</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPrj</name>
+    <message>
+        <source>New Project</source>
+        <translation>새 프로젝트</translation>
+    </message>
+    <message>
+        <source>Save Project As</source>
+        <translation>다른 이름으로 프로젝트 저장</translation>
+    </message>
+    <message>
+        <source>Location:</source>
+        <translation>위치:</translation>
+    </message>
+    <message>
+        <source>Project name:</source>
+        <translation>프로젝트 이름:</translation>
+    </message>
+    <message>
+        <source>HD(16:9)</source>
+        <translation>HD(16:9)</translation>
+    </message>
+    <message>
+        <source>SD(4:3)</source>
+        <translation>SD(4:3)</translation>
+    </message>
+    <message>
+        <source>The project name already exists, please reenter project name.</source>
+        <translation>같은 이름의 프로젝트가 이미 있습니다. 프로젝트 이름을 다시 입력하십시오.</translation>
     </message>
 </context>
 <context>
@@ -206,12 +276,6 @@
         <translation>애니메이션 파일을 삽입하지 못했습니다</translation>
     </message>
     <message>
-        <source>Program was not closed properly.
-Recovering from the last modification.</source>
-        <translation>프로그램이 정상적으로 종료되지 않았습니다.
-마지막 수정 내용으로 복구합니다.</translation>
-    </message>
-    <message>
         <source>O&amp;utput</source>
         <translation>출력(&amp;U)</translation>
     </message>
@@ -248,38 +312,6 @@ Program Monitor</source>
         <translation>변경 사항을 적용하려면 프로그램을 다시 시작해야 합니다. 프로그램을 종료하시겠습니까?</translation>
     </message>
     <message>
-        <source>Project files (*.qrdprj);;All files (*)</source>
-        <translation>프로젝트 파일 (*.qrdprj);;모든 파일 (*)</translation>
-    </message>
-    <message>
-        <source>&amp;Open Project File...</source>
-        <translation>프로젝트 파일 열기(&amp;O)...</translation>
-    </message>
-    <message>
-        <source>&amp;Save</source>
-        <translation>저장(&amp;S)</translation>
-    </message>
-    <message>
-        <source>Open Project File</source>
-        <translation>프로젝트 파일 열기</translation>
-    </message>
-    <message>
-        <source>The project %1 could not be opened:
-%2</source>
-        <translation>프로젝트 %1을(를) 열 수 없습니다:
-%2</translation>
-    </message>
-    <message>
-        <source>Save Project</source>
-        <translation>프로젝트 저장</translation>
-    </message>
-    <message>
-        <source>The project could not be saved:
-%1</source>
-        <translation>프로젝트를 저장할 수 없습니다:
-%1</translation>
-    </message>
-    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -304,6 +336,12 @@ Background...</source>
 Erase Background</source>
         <translation>배경 그림 지우기
 배경 지우기</translation>
+    </message>
+    <message>
+        <source>Insert a background picture on every page
+Background to All Pages...</source>
+        <translation>모든 페이지에 배경 그림 넣기
+모든 페이지에 배경...</translation>
     </message>
     <message>
         <source>Insert animation
@@ -536,6 +574,22 @@ Align to bottom</source>
         <translation>크롤</translation>
     </message>
     <message>
+        <source>New Page</source>
+        <translation>새 페이지</translation>
+    </message>
+    <message>
+        <source>Delete Page</source>
+        <translation>페이지 삭제</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>이전 페이지</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>다음 페이지</translation>
+    </message>
+    <message>
         <source>&amp;Text</source>
         <translation>텍스트(&amp;T)</translation>
     </message>
@@ -614,6 +668,84 @@ Split into Characters</source>
     <message>
         <source>Please stop automatic play out to exit play mode.</source>
         <translation>송출 모드를 끝내려면 자동 송출을 먼저 정지하십시오.</translation>
+    </message>
+    <message>
+        <source>Project files (*.qrdprj);;All files (*)</source>
+        <translation>프로젝트 파일 (*.qrdprj);;모든 파일 (*)</translation>
+    </message>
+    <message>
+        <source>&amp;New Project...</source>
+        <translation>새 프로젝트(&amp;N)...</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project...</source>
+        <translation>프로젝트 열기(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Open Project &amp;File...</source>
+        <translation>프로젝트 파일 열기(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>S&amp;witch Project</source>
+        <translation>프로젝트 전환(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>저장(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save Project &amp;As...</source>
+        <translation>다른 이름으로 프로젝트 저장(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>&amp;Close Project</source>
+        <translation>프로젝트 닫기(&amp;C)</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(없음)</translation>
+    </message>
+    <message>
+        <source>The project %1 could not be opened:
+%2</source>
+        <translation>프로젝트 %1을(를) 열 수 없습니다:
+%2</translation>
+    </message>
+    <message>
+        <source>Program was not closed properly.
+Recovering from the last modification.</source>
+        <translation>프로그램이 정상적으로 종료되지 않았습니다.
+마지막 수정 내용으로 복구합니다.</translation>
+    </message>
+    <message>
+        <source>Open Project File</source>
+        <translation>프로젝트 파일 열기</translation>
+    </message>
+    <message>
+        <source>Failed to create project.</source>
+        <translation>프로젝트를 만들지 못했습니다.</translation>
+    </message>
+    <message>
+        <source> is saved.</source>
+        <translation> 파일이 저장되었습니다.</translation>
+    </message>
+    <message>
+        <source>The project could not be saved:
+%1</source>
+        <translation>프로젝트를 저장할 수 없습니다:
+%1</translation>
+    </message>
+    <message>
+        <source>Failed copying files.</source>
+        <translation>파일을 복사하지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>Save the changes?</source>
+        <translation>변경 내용을 저장하시겠습니까?</translation>
+    </message>
+    <message>
+        <source>Please exit play mode to close project.</source>
+        <translation>프로젝트를 닫으려면 송출 모드를 끝내십시오.</translation>
     </message>
     <message>
         <source>Rectangle</source>
@@ -903,12 +1035,8 @@ Split into Characters</source>
         <translation>새 프로젝트</translation>
     </message>
     <message>
-        <source>The project has no file yet.</source>
-        <translation>프로젝트에 아직 파일이 없습니다.</translation>
-    </message>
-    <message>
-        <source>The folders Data and Object cannot be made.</source>
-        <translation>Data 폴더와 Object 폴더를 만들 수 없습니다.</translation>
+        <source>The project has no folder yet.</source>
+        <translation>프로젝트에 아직 폴더가 없습니다.</translation>
     </message>
     <message>
         <source>Failed copying files.</source>

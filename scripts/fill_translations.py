@@ -232,6 +232,38 @@ KO = {
     "Animation properties\nAnimation Properties...": "애니메이션 속성\n애니메이션 속성...",
     "Play the selected animation through on the canvas\nPreview Animation":
         "선택한 애니메이션을 캔버스에서 끝까지 재생\n애니메이션 미리보기",
+    "&New Project...": "새 프로젝트(&N)...",
+    "&Open Project...": "프로젝트 열기(&O)...",
+    "Open Project &File...": "프로젝트 파일 열기(&F)...",
+    "S&witch Project": "프로젝트 전환(&W)",
+    "Save Project &As...": "다른 이름으로 프로젝트 저장(&A)...",
+    "&Close Project": "프로젝트 닫기(&C)",
+    "(none)": "(없음)",
+    "Open Project": "프로젝트 열기",
+    "Save Project As": "다른 이름으로 프로젝트 저장",
+    "Location:": "위치:",
+    "Project": "프로젝트",
+    "Created": "만든 날짜",
+    "Modified": "수정한 날짜",
+    "Project Name:": "프로젝트 이름:",
+    "Project name:": "프로젝트 이름:",
+    "Pages:": "페이지 수:",
+    "Preview": "미리 보기",
+    "HD(16:9)": "HD(16:9)",
+    "SD(4:3)": "SD(4:3)",
+    "Please select a project.": "프로젝트를 선택하십시오.",
+    "The project name already exists, please reenter project name.":
+        "같은 이름의 프로젝트가 이미 있습니다. 프로젝트 이름을 다시 입력하십시오.",
+    "Failed to create project.": "프로젝트를 만들지 못했습니다.",
+    "Save the changes?": "변경 내용을 저장하시겠습니까?",
+    "Please exit play mode to close project.": "프로젝트를 닫으려면 송출 모드를 끝내십시오.",
+    "The project has no folder yet.": "프로젝트에 아직 폴더가 없습니다.",
+    "Insert a background picture on every page\nBackground to All Pages...":
+        "모든 페이지에 배경 그림 넣기\n모든 페이지에 배경...",
+    "New Page": "새 페이지",
+    "Delete Page": "페이지 삭제",
+    "Previous Page": "이전 페이지",
+    "Next Page": "다음 페이지",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)

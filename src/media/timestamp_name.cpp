@@ -7,12 +7,15 @@
 
 namespace orv {
 
-QString MakeTimestampName() {
-    const QDateTime now = QDateTime::currentDateTime();
-    const QDate d = now.date();
-    const QTime t = now.time();
+QString TimestampName(const QDateTime& when) {
+    const QDate d = when.date();
+    const QTime t = when.time();
     return QString::asprintf("%04d%02d%02d%02d%02d%02d%03d", d.year(), d.month(), d.day(), t.hour(),
                              t.minute(), t.second(), t.msec());
+}
+
+QString MakeTimestampName() {
+    return TimestampName(QDateTime::currentDateTime());
 }
 
 QString FreeTimestampName(const QString& folder, const QString& suffix) {

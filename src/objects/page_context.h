@@ -11,6 +11,8 @@
 namespace orv {
 
 class CQRDObject;
+class CQRDObjectText;
+class CTextEditHost;
 
 class CPageContext {
 public:
@@ -30,6 +32,11 @@ public:
     // The folder that holds the media the page's objects name: pictures,
     // backgrounds, animations. Empty when there is none.
     virtual QString ObjectFolder() const { return {}; }
+    // The editor around a text under edit on this page, and that text: one
+    // at a time per page, so that each window edits on its own.
+    virtual CTextEditHost* EditHost() const { return nullptr; }
+    virtual CQRDObjectText* EditingText() const { return nullptr; }
+    virtual void SetEditingText(CQRDObjectText*) {}
 };
 
 }  // namespace orv

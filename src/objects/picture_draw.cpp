@@ -48,7 +48,9 @@ bool CQRDObjectPicture::ImageFits(const ObjectImage& image, const UstRect& box,
 }
 
 const ObjectImage& CQRDObjectPicture::CanvasImage() {
-    const int height = m_pPage ? m_pPage->GetCanvasHeight() : 0;
+    // The sideways squeeze is for standard-definition frames on air, not for
+    // a canvas that happens to be 486 pixels high.
+    const int height = 0;
     m_fZoom = Zoom() / 100.0f;
     if (!ImageFits(m_image, m_rcImageBox, height)) {
         Render(m_image, m_rcView.Width(), m_rcView.Height(), m_fZoom, height);
@@ -69,7 +71,8 @@ void CQRDObjectPicture::Draw() {
     image.DrawOn(canvas, QPoint(m_rcView.left - s.x, m_rcView.top - s.y));
 }
 
-const ObjectImage& CQRDObjectPicture::FullImage(int targetHeight) {
+const ObjectImage& CQRDObjectPicture::FullImage(int frameHeight) {
+    const int targetHeight = frameHeight == SD_TARGET_HEIGHT ? frameHeight : 0;
     const bool fits = m_full.Made() && m_rcFullBox.Width() == m_rcStored.Width() &&
                       m_rcFullBox.Height() == m_rcStored.Height() && m_nFullAngle == m_nAngle &&
                       m_nFullTarget == targetHeight;

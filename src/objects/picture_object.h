@@ -80,7 +80,7 @@ private:
     bool Render(ObjectImage& out, int boxWidth, int boxHeight, float scale, int targetHeight);
     bool ImageFits(const ObjectImage& image, const UstRect& box, int targetHeight) const;
     // The image at full scale, kept for the page image and play.
-    const ObjectImage& FullImage(int targetHeight);
+    const ObjectImage& FullImage(int frameHeight);
     void Changed();
 
     UstPixelImage m_source;

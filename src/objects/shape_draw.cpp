@@ -38,11 +38,14 @@ void CQRDObjectShape::Draw() {
     const UstPoint s = m_pPage->GetScrollOrigin();
     if (!Meets(Offset(GetBoundRect(), -s.x, -s.y), {0, 0, width, height})) return;
     m_fZoom = Zoom() / 100.0f;
-    if (!ImageFits(height)) {
-        Render(m_image, m_rcView.Width(), m_rcView.Height(), m_fZoom, height);
+    // The sideways squeeze is for standard-definition frames on air: a canvas
+    // that happens to be 486 pixels high shows the shape as it is.
+    const int target = 0;
+    if (!ImageFits(target)) {
+        Render(m_image, m_rcView.Width(), m_rcView.Height(), m_fZoom, target);
         m_rcImageBox = m_rcView;
         m_nImageAngle = m_nAngle;
-        m_nImageTarget = height;
+        m_nImageTarget = target;
     }
     QImage canvas = WrapBlock(m_pPage->GetCanvasBits(), width, height);
     m_image.DrawOn(canvas, QPoint(m_rcView.left - s.x, m_rcView.top - s.y));
@@ -52,8 +55,9 @@ void CQRDObjectShape::DrawTo(uint32_t* bits, int width, int height) {
     if (!bits || width <= 0 || height <= 0) return;
     ObjectImage fresh;
     const ObjectImage* image = &m_image;
-    if (!(m_fZoom == 1.0f && m_rcView == m_rcStored && ImageFits(height))) {
-        Render(fresh, m_rcStored.Width(), m_rcStored.Height(), 1.0f, height);
+    const int target = height == SD_TARGET_HEIGHT ? height : 0;
+    if (!(m_fZoom == 1.0f && m_rcView == m_rcStored && ImageFits(target))) {
+        Render(fresh, m_rcStored.Width(), m_rcStored.Height(), 1.0f, target);
         image = &fresh;
     }
     QImage canvas = WrapBlock(bits, width, height);

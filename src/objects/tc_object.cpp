@@ -151,7 +151,8 @@ bool CQRDObjectTC::Execute(const void* args, uint32_t code) {
 }
 
 void CQRDObjectTC::ReplaceMissingFace() {
-    if (!IsFaceInstalled(m_attr.font)) TakeFallbackFace(m_attr.font, FallbackFontBlock());
+    if (!IsFaceInstalled(m_attr.font))
+        TakeFallbackFace(m_attr.font, FallbackFontBlock(m_pPage ? m_pPage->EditHost() : nullptr));
 }
 
 void CQRDObjectTC::Serialize(CByteWriter& out) const {

@@ -69,15 +69,13 @@ UstDefaultAttr FallbackLook() {
     return d;
 }
 
-const UstDefaultAttr& DefaultLook() {
+const UstDefaultAttr& DefaultLook(const CTextEditHost* host) {
     static const UstDefaultAttr fallback = FallbackLook();
-    CTextEditHost* host = CQRDObjectText::EditHost();
     return host ? host->DefaultAttr() : fallback;
 }
 
-const UstDefaultAttr& WorkingLook() {
-    CTextEditHost* host = CQRDObjectText::EditHost();
-    return host ? host->WorkingAttr() : DefaultLook();
+const UstDefaultAttr& WorkingLook(CTextEditHost* host) {
+    return host ? host->WorkingAttr() : DefaultLook(nullptr);
 }
 
 // The line an index stands on; past the last character, nLines.
@@ -96,8 +94,11 @@ bool IsLineStart(const std::vector<UstCharAttr>& chars, int index) {
 // ---- beginning and ending ----
 
 void CQRDObjectText::BeginEdit(int x, int y, bool selectAll) {
-    if (s_pEditing && s_pEditing != this) s_pEditing->EndEdit();
-    s_pEditing = this;
+    if (m_pPage) {
+        if (CQRDObjectText* other = m_pPage->EditingText(); other && other != this)
+            other->EndEdit();
+        m_pPage->SetEditingText(this);
+    }
     ClearSelection();
     m_bDragging = 0;
     m_pRotated.Reset();
@@ -108,11 +109,11 @@ void CQRDObjectText::BeginEdit(int x, int y, bool selectAll) {
     } else {
         ScaleFromPage();
         const UstPoint s = m_pPage ? m_pPage->GetScrollOrigin() : UstPoint{};
-        const UstDefaultAttr& look = DefaultLook();
-        if (s_pHost) {
-            s_pHost->WorkingAttr().font = look.font;
-            s_pHost->WorkingAttr().metric = look.metric;
-            s_pHost->AttrChanged();
+        const UstDefaultAttr& look = DefaultLook(EditHost());
+        if (CTextEditHost* host = EditHost()) {
+            host->WorkingAttr().font = look.font;
+            host->WorkingAttr().metric = look.metric;
+            host->AttrChanged();
         }
         const int height = PixelHeight(look.font.nSize, m_fScale);
         const int top = y + s.y + 8 - height;
@@ -125,15 +126,16 @@ void CQRDObjectText::BeginEdit(int x, int y, bool selectAll) {
         SyncStored();
         RecalcHandles();
     }
-    if (s_pHost) s_pHost->SetCanvasMode(MODE_TEXT);
+    if (CTextEditHost* host = EditHost()) host->SetCanvasMode(MODE_TEXT);
     UpdateCaret();
     PublishCaretLook();
 }
 
 bool CQRDObjectText::EndEdit() {
-    if (s_pEditing != this) return false;
-    if ((m_nImeState & IME_COMPOSING) && s_pHost) s_pHost->CompleteComposition();
-    s_pEditing = nullptr;
+    if (!IsEditing()) return false;
+    CTextEditHost* host = EditHost();
+    if ((m_nImeState & IME_COMPOSING) && host) host->CompleteComposition();
+    m_pPage->SetEditingText(nullptr);
     m_nImeState = 0;
     m_nCompLen = 0;
     ClearSelection();
@@ -149,9 +151,9 @@ bool CQRDObjectText::EndEdit() {
     UpdateStored(false);
     RecalcHandles();
     m_strName = GetPlainText().section(QChar(13), 0, 0).left(32);
-    if (s_pHost) {
-        s_pHost->ShowCaret({});
-        s_pHost->SetCanvasMode(MODE_SELECT);
+    if (host) {
+        host->ShowCaret({});
+        host->SetCanvasMode(MODE_SELECT);
     }
     return true;
 }
@@ -159,9 +161,9 @@ bool CQRDObjectText::EndEdit() {
 // ---- inserting ----
 
 UstCharAttr CQRDObjectText::TypedCharAttr(uint32_t ch) const {
-    const UstDefaultAttr& work = WorkingLook();
+    const UstDefaultAttr& work = WorkingLook(EditHost());
     const bool symbol = IsSymbolFace(work.font);
-    const UstDefaultAttr& from = symbol ? DefaultLook() : work;
+    const UstDefaultAttr& from = symbol ? DefaultLook(EditHost()) : work;
     UstCharAttr c = NewCharAttr();
     c.nChar = ch;
     c.font = from.font;
@@ -199,7 +201,7 @@ void CQRDObjectText::InsertText(const uint32_t* chars, int count) {
 
 void CQRDObjectText::InsertSymbol(uint32_t ch, uint32_t symbolCode) {
     UstCharAttr c = TypedCharAttr(ch);
-    const UstDefaultAttr& work = WorkingLook();
+    const UstDefaultAttr& work = WorkingLook(EditHost());
     c.font = work.font;
     c.metric = work.metric;
     if (const UstSymbolFont* f = SymbolFontFor(symbolCode)) {
@@ -286,7 +288,8 @@ void CQRDObjectText::AfterChange(const UstRect& windowBefore) {
         // Keep the caret in sight on pages longer than the frame.
         if (m_rcCaret.Height() > 0) m_pPage->ScrollToShow(m_rcCaret);
     }
-    if (s_pHost && IsEditing()) s_pHost->TextChanged(*this, windowBefore);
+    if (CTextEditHost* host = EditHost(); host && IsEditing())
+        host->TextChanged(*this, windowBefore);
 }
 
 // ---- the caret ----
@@ -302,9 +305,9 @@ void CQRDObjectText::UpdateCaret() {
     const int count = CharCount();
     if (count == 0 || m_layout.pos.empty()) {
         // An empty text keeps the caret BeginEdit made at the click.
-        const int h = PixelHeight(WorkingLook().font.nSize, m_fScale);
+        const int h = PixelHeight(WorkingLook(EditHost()).font.nSize, m_fScale);
         const int ascent = RoundToInt(
-            static_cast<float>(LineMetricAt(WorkingLook().font.nSize).ascent) * m_fScale);
+            static_cast<float>(LineMetricAt(WorkingLook(EditHost()).font.nSize).ascent) * m_fScale);
         const int x = RoundToInt(m_fViewX), top = RoundToInt(m_fViewY) - ascent;
         m_rcCaret = {x, top, x + 2, top + h};
     } else {
@@ -325,7 +328,8 @@ void CQRDObjectText::UpdateCaret() {
         const int x = RoundToInt(CaretX(at));
         m_rcCaret = {x, RoundToInt(top), x + 2, RoundToInt(top) + h};
     }
-    if (!s_pHost || !IsEditing()) return;
+    CTextEditHost* host = EditHost();
+    if (!host || !IsEditing()) return;
     const UstPoint s = m_pPage ? m_pPage->GetScrollOrigin() : UstPoint{};
     UstRect shown = Offset(m_rcCaret, -s.x, -s.y);
     if (m_pPage) {
@@ -334,18 +338,19 @@ void CQRDObjectText::UpdateCaret() {
                  std::min(shown.right, page.right), std::min(shown.bottom, page.bottom)};
         if (shown.Width() <= 0 || shown.Height() <= 0) shown = {};
     }
-    s_pHost->ShowCaret(shown);
+    host->ShowCaret(shown);
 }
 
 void CQRDObjectText::PublishCaretLook() {
-    if (!s_pHost || m_arrChar.empty()) return;
+    CTextEditHost* host = EditHost();
+    if (!host || m_arrChar.empty()) return;
     const int at = std::clamp(m_nCaret > 0 ? m_nCaret - 1 : 0, 0, CharCount() - 1);
     const UstCharAttr& c = m_arrChar[static_cast<size_t>(at)];
-    UstDefaultAttr& work = s_pHost->WorkingAttr();
+    UstDefaultAttr& work = host->WorkingAttr();
     work.font = c.font;
     work.metric = c.metric;
     if (m_attr.fill[UstAttr::BODY].nType == 0) work.attr.fill[UstAttr::BODY].clrSolid = c.clrFill;
-    s_pHost->AttrChanged();
+    host->AttrChanged();
 }
 
 int CQRDObjectText::VerticalTarget(bool up) const {
@@ -408,7 +413,7 @@ void CQRDObjectText::MoveCaret(int direction, bool shift) {
     BuildSelectionBars();
     UpdateCaret();
     PublishCaretLook();
-    if (s_pHost && IsEditing()) s_pHost->TextChanged(*this, before);
+    if (CTextEditHost* host = EditHost(); host && IsEditing()) host->TextChanged(*this, before);
 }
 
 // With Shift the end of the selection that stood at the anchor follows the
@@ -495,7 +500,7 @@ bool CQRDObjectText::MouseDown(int x, int y) {
     m_bDragging = 1;
     UpdateCaret();
     PublishCaretLook();
-    if (s_pHost) s_pHost->TextChanged(*this, before);
+    if (CTextEditHost* host = EditHost()) host->TextChanged(*this, before);
     return true;
 }
 
@@ -511,7 +516,7 @@ void CQRDObjectText::MouseMove(int x, int y) {
     BuildSelectionBars();
     UpdateCaret();
     if (m_pPage) m_pPage->ScrollToShow(m_rcCaret);
-    if (s_pHost) s_pHost->TextChanged(*this, before);
+    if (CTextEditHost* host = EditHost()) host->TextChanged(*this, before);
 }
 
 void CQRDObjectText::MouseUp() {

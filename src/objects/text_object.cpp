@@ -17,9 +17,6 @@
 
 namespace orv {
 
-CTextEditHost* CQRDObjectText::s_pHost = nullptr;
-CQRDObjectText* CQRDObjectText::s_pEditing = nullptr;
-
 namespace {
 
 bool SameFace(const UstFontBlock& a, const UstFontBlock& b) {
@@ -44,8 +41,8 @@ bool IsFaceInstalled(const UstFontBlock& font) {
     return InstalledFaces().contains(FixedToQString(&font.szFace).toCaseFolded());
 }
 
-UstFontBlock FallbackFontBlock() {
-    if (const CTextEditHost* host = CQRDObjectText::EditHost()) return host->DefaultAttr().font;
+UstFontBlock FallbackFontBlock(const CTextEditHost* host) {
+    if (host) return host->DefaultAttr().font;
     UstFontBlock fallback{};
     QStringToFixed(QString::fromStdU16String(DefaultGuiFaceName()), &fallback.szFace);
     fallback.nCharSet = 1;
@@ -59,9 +56,9 @@ void TakeFallbackFace(UstFontBlock& font, const UstFontBlock& fallback) {
 }
 
 CQRDObjectText::CQRDObjectText(CPageContext* page) : CQRDObject(page) {
-    if (s_pHost) {
-        m_attr = s_pHost->DefaultAttr().attr;
-        m_effect = s_pHost->DefaultAttr().effect;
+    if (const CTextEditHost* host = EditHost()) {
+        m_attr = host->DefaultAttr().attr;
+        m_effect = host->DefaultAttr().effect;
     } else {
         m_attr = MakeDefaultAttr();
         m_effect = MakeDefaultEffect();
@@ -70,7 +67,7 @@ CQRDObjectText::CQRDObjectText(CPageContext* page) : CQRDObject(page) {
 }
 
 CQRDObjectText::~CQRDObjectText() {
-    if (s_pEditing == this) s_pEditing = nullptr;
+    if (IsEditing()) m_pPage->SetEditingText(nullptr);
 }
 
 QString CQRDObjectText::GetPlainText() const {
@@ -269,7 +266,7 @@ void CQRDObjectText::CheckLaidOut() const {
 // default face; those are measured again.
 void CQRDObjectText::RemeasureMissingFaces() {
     std::vector<std::pair<QString, bool>> looked;  // this load's answers
-    const UstFontBlock fallback = FallbackFontBlock();
+    const UstFontBlock fallback = FallbackFontBlock(EditHost());
     for (UstCharAttr& c : m_arrChar) {
         const QString face = FixedToQString(&c.font.szFace);
         auto it = std::find_if(looked.begin(), looked.end(),
@@ -518,11 +515,11 @@ void CQRDObjectText::FitToRect(const UstRect& before, const UstRect& after) {
         MeasureChar(c, true);
     DropAllLayers();
     Relayout();
-    if (!m_arrChar.empty() && s_pHost) {
-        UstDefaultAttr& work = s_pHost->WorkingAttr();
+    if (CTextEditHost* host = EditHost(); !m_arrChar.empty() && host) {
+        UstDefaultAttr& work = host->WorkingAttr();
         work.font = m_arrChar.front().font;
         work.metric = m_arrChar.front().metric;
-        s_pHost->AttrChanged();
+        host->AttrChanged();
     }
 }
 

@@ -33,7 +33,7 @@ enum ETextCommand : uint32_t {
 bool IsFaceInstalled(const UstFontBlock& font);
 // The face a missing one gives way to on loading: the editor's default, or
 // the system's interface face when there is no editor.
-UstFontBlock FallbackFontBlock();
+UstFontBlock FallbackFontBlock(const CTextEditHost* host);
 // Face, character set and pitch of the fallback; the size stays.
 void TakeFallbackFace(UstFontBlock& font, const UstFontBlock& fallback);
 
@@ -50,15 +50,14 @@ public:
     ~CQRDObjectText() override;
 
     // The editor's side of editing, set once by the application.
-    static void SetEditHost(CTextEditHost* host) { s_pHost = host; }
-    static CTextEditHost* EditHost() { return s_pHost; }
+    // The editor around this text, through its page; null on no page.
+    CTextEditHost* EditHost() const { return m_pPage ? m_pPage->EditHost() : nullptr; }
     // The text under edit anywhere in the program, or null.
-    static CQRDObjectText* Editing() { return s_pEditing; }
 
     int GetType() const override { return OBJ_TEXT; }
     bool CanRotate() const override { return true; }
     bool CanBlink() const override { return true; }
-    bool IsEditing() const override { return s_pEditing == this; }
+    bool IsEditing() const override { return m_pPage && m_pPage->EditingText() == this; }
     bool GetTyping() const override { return m_bTyping != 0; }
     void SetTyping(int32_t on) override { m_bTyping = on; }
     QString GetName() const override { return m_strName; }
@@ -209,9 +208,6 @@ private:
     void Nudge(int dx, int dy);
     void RemeasureMissingFaces();
     void CheckLaidOut() const;
-
-    static CTextEditHost* s_pHost;
-    static CQRDObjectText* s_pEditing;
 
     std::vector<UstCharAttr> m_arrChar;
     std::vector<UstFES> m_arrGlyph;

@@ -12,8 +12,8 @@ using F = EEffectFamily;
 using G = EEffectGroup;
 
 // The irregular entries (204 and 102 of the wheels, 46 of "Wipe Right", the
-// speed-7 entry of "Wipe Left", the slow start of the blinds) are the
-// product's own data and stay as they are.
+// speed-7 entry of "Wipe Left", the slow start of the blinds) are data that
+// operators' timings rest on: they stay as they are.
 constexpr UstEffectRow ROWS[EFFECT_COUNT] = {
     {0, F::ROLL, G::PAGE_TYPE, "", "", {2, 4, 6, 8, 10, 12, 14, 16, 18, 20}},
     {1, F::CRAWL, G::PAGE_TYPE, "", "", {2, 4, 8, 10, 12, 14, 16, 18, 22, 24}},

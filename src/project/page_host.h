@@ -12,6 +12,7 @@
 namespace orv {
 
 class CFileLinkTable;
+class CTextEditHost;
 class CPageManager;
 class CQRDObject;
 
@@ -38,6 +39,8 @@ public:
     // position the bar settled on.
     virtual int SetScrollBar(uint32_t pageType, int origin, int total) = 0;
     virtual void InvalidateRect(const UstRect& windowRect) = 0;
+    // The editor of texts typed on this view's pages.
+    virtual CTextEditHost* EditHost() { return nullptr; }
     virtual void Repaint() = 0;
 };
 

@@ -81,6 +81,9 @@ public:
     void ObjectRemovedItself(CQRDObject* object) override;
     void ScrollToShow(const UstRect& r) override;
     QString ObjectFolder() const override;
+    CTextEditHost* EditHost() const override { return m_pView ? m_pView->EditHost() : nullptr; }
+    CQRDObjectText* EditingText() const override { return m_pEditingText; }
+    void SetEditingText(CQRDObjectText* text) override { m_pEditingText = text; }
 
     // The page body of the project file. Reading throws on damage and
     // leaves the page unfit for use; the caller drops it.
@@ -155,6 +158,9 @@ public:
     // is there, its box scaled from the project's frame to w x h.
     void CollectAnimations(std::vector<UstAniPlay>& out, int w, int h) const;
     int InsertBackground(const QString& source);
+    // A page that is not on the canvas takes a background already in the
+    // object folder, and its image is made anew.
+    void TakeBackgroundFile(const QString& name);
     int EraseBackground();
     // The selected picture waiting for a click that picks its key colour.
     CQRDObjectPicture* PickingPicture() const;
@@ -259,6 +265,9 @@ private:
     std::vector<std::unique_ptr<CQRDObject>>::iterator Find(const CQRDObject* object);
     std::unique_ptr<CQRDObject> Remove(CQRDObject* object);
 
+    // Declared before the objects, so that it outlives them: a text under
+    // edit clears it when it goes.
+    CQRDObjectText* m_pEditingText = nullptr;
     std::vector<std::unique_ptr<CQRDObject>> m_objects;  // head backmost, tail topmost
     std::vector<CQRDObject*> m_selection;                // in selection order
     std::vector<CQRDObject*> m_gone;                     // to be taken out and deleted

@@ -41,6 +41,15 @@ int CPageManager::InsertBackground(const QString& source) {
     return 1;
 }
 
+void CPageManager::TakeBackgroundFile(const QString& name) {
+    m_background.strFile = name;
+    m_background.bPresent = 1;
+    // Off the canvas the pixels serve only the page's image.
+    if (m_background.Reload(ObjectFolder())) UpdateThumbnail();
+    m_background.ReleasePixels();
+    SetModified(true);
+}
+
 int CPageManager::EraseBackground() {
     if (!m_background.bPresent && m_background.strFile.isEmpty()) return 0;
     m_background.Clear();

@@ -17,7 +17,7 @@ void CPageManager::ScrollToShow(const UstRect& r) {
 }
 
 CQRDObjectText* CPageManager::EditedText() const {
-    CQRDObjectText* text = CQRDObjectText::Editing();
+    CQRDObjectText* text = m_pEditingText;
     const bool here = text && std::any_of(m_objects.begin(), m_objects.end(),
                                           [text](const auto& o) { return o.get() == text; });
     return here ? text : nullptr;

@@ -11,6 +11,7 @@
 #include "objects/archive_fields.h"
 #include "project/archive.h"
 #include "project/project_manager.h"
+#include "project/project_store.h"
 
 namespace orv {
 
@@ -148,6 +149,23 @@ void CProjectManager::Serialize(CByteWriter& header, CArchiveOut& list) const {
 }
 
 int CProjectManager::SaveProject(const QString& path, QString* error) {
+    // What the file holds now stays wherever this save does not reach.
+    QByteArray bytes;
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly | QIODevice::ExistingOnly))
+            return Fail(error,
+                        QStringLiteral("cannot be opened for writing: %1").arg(file.errorString()));
+        bytes = file.readAll();
+    }
+    return SaveProjectOver(path, std::move(bytes), error);
+}
+
+int CProjectManager::SaveNewProject(const QString& path, QString* error) {
+    return SaveProjectOver(path, QByteArray(), error);
+}
+
+int CProjectManager::SaveProjectOver(const QString& path, QByteArray bytes, QString* error) {
     for (const auto& page : m_aPages)
         page->EnsureThumbFile();
     CByteWriter header;
@@ -157,19 +175,15 @@ int CProjectManager::SaveProject(const QString& path, QString* error) {
     } catch (const std::exception& e) {
         return Fail(error, QString::fromStdString(e.what()));
     }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
-        return Fail(error,
-                    QStringLiteral("cannot be opened for writing: %1").arg(file.errorString()));
-    const auto put = [&file](qint64 at, const CByteWriter& bytes) {
-        const auto size = static_cast<qint64>(bytes.Size());
-        return file.seek(at) &&
-               file.write(reinterpret_cast<const char*>(bytes.Bytes().data()), size) == size;
+    const auto put = [&bytes](qsizetype at, const CByteWriter& part) {
+        const auto size = static_cast<qsizetype>(part.Size());
+        if (bytes.size() < at + size) bytes.resize(at + size, '\0');
+        std::memcpy(bytes.data() + at, part.Bytes().data(), static_cast<size_t>(size));
     };
     // The list goes second, over anything of a header too long for its area.
-    if (!put(0, header) || !put(PROJECT_HEADER_AREA, list.Bytes()) || !file.flush())
-        return Fail(error, QStringLiteral("cannot be written: %1").arg(file.errorString()));
-    file.close();
+    put(0, header);
+    put(PROJECT_HEADER_AREA, list.Bytes());
+    if (!ReplaceFileSafely(path, bytes, error)) return 0;
     m_nPageCount = static_cast<int32_t>(m_aPages.size());
     for (const auto& page : m_aPages)
         page->StoreThumbnail();

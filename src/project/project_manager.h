@@ -40,6 +40,38 @@ UstProjectHeader ReadProjectHeader(CByteReader& in);
 // made.
 bool CreateProjectFile(const QString& path, int width, int height, QString* error = nullptr);
 
+// Project-wide command numbers.
+enum EProjectCommand : uint32_t {
+    CMD_BACKGROUND_TO_ALL = 242,
+    CMD_NEW_PAGE = 604,
+    CMD_DELETE_PAGES = 605,
+    CMD_PAGE_CLICKED = 640,
+    CMD_REFRESH_PLAY = 641,
+    CMD_GO_TO_PAGE = 642,
+    CMD_ADD_PAGE_TO_SELECTION = 643,
+    CMD_SELECT_ALL_PAGES = 644,
+    CMD_REMOVE_PAGE_FROM_SELECTION = 645,
+    CMD_CLEAR_PAGE_SELECTION = 646,
+    CMD_LEAVE_CANVAS = 6001
+};
+
+// Effect values set on several pages at once, besides the single page's ids.
+enum EPagesEffectCommand : uint32_t {
+    CMD_IN_EFFECT = 8200,
+    CMD_OUT_EFFECT = 8201,
+    CMD_EFFECT_PAIR = 8202  // both numbers, each only where a transition may stand
+};
+
+// What a project asks of the window around it.
+class CProjectHost {
+public:
+    virtual ~CProjectHost() = default;
+    virtual int PlayState() const { return 0; }  // 0 edit, 1 play, 2 automatic play out
+    virtual bool PlayPanelOpen() const { return false; }
+    virtual void PagesChanged() {}       // the page list and panels need a refresh
+    virtual void PageStatusChanged() {}  // "Page %d/%d" moved
+};
+
 class CProjectManager : public CPageDoc {
 public:
     CProjectManager(int frameWidth = 1920, int frameHeight = 1080);
@@ -50,6 +82,14 @@ public:
     void AttachAll(CPageView* view);
     CPageManager* InsertPage(int afterIndex);  // -1: at the head
     bool GoToPage(int index);
+
+    // The project-wide commands; 0 when a command does nothing.
+    int ExecCommand(const void* arg, uint32_t id);
+    // An effect value set on the extra selected pages and the current one.
+    int SetPagesEffectValue(const void* value, uint32_t id);
+    void SetHost(CProjectHost* host) { m_pHost = host; }
+    bool IsPageDeletable(int index) const;
+    void RemovePage(int index);
 
     CPageManager* GetPage(int index) const;
     CPageManager* GetCurPage() const { return m_pCurPage; }
@@ -73,6 +113,8 @@ public:
     // stay as they were. Then each changed page's thumbnail is stored.
     // 1, or 0 with the reason when the file does not open or take the bytes.
     int SaveProject(const QString& path, QString* error = nullptr);
+    // The same into a file made anew, in one step: never seen empty.
+    int SaveNewProject(const QString& path, QString* error = nullptr);
     // Reads a project file and takes its pages and frame; the folder becomes
     // the file's. The pages are attached to this project but not to a view.
     // 0 with the reason on any damage, and then the project is as it was.
@@ -111,9 +153,26 @@ public:
     int32_t m_bWide = 1;
     int32_t m_nCurPage = -1;
     CQRDObject* m_pEditObject = nullptr;
-    int32_t m_nPageCount = 0;  // written into the header at save
+    int32_t m_nPageCount = 0;      // written into the header at save
+    std::vector<int> m_aSelPages;  // extra selected pages, ascending, without the current one
+    CPageManager* m_pPlayPage = nullptr;
 
 private:
+    int SaveProjectOver(const QString& path, QByteArray bytes, QString* error);
+    int NewPage(const int* afterIndex);
+    int DeletePages();
+    int PageClicked(int index, bool reselect);
+    int AddPageToSelection(int index);
+    int SelectAllPages();
+    int RemovePageFromSelection(int index);
+    int LeaveCanvas();
+    int BackgroundToAll(const QString& source);
+    int PlayState() const { return m_pHost ? m_pHost->PlayState() : 0; }
+    void StatusChanged() {
+        if (m_pHost) m_pHost->PageStatusChanged();
+    }
+
+    CProjectHost* m_pHost = nullptr;
     std::vector<std::unique_ptr<CPageManager>> m_aPages;
     QString m_strFolder;
     QString m_strObjectFolder;

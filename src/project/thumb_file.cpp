@@ -3,9 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <chrono>
 #include <cstring>
-#include <thread>
 
 #include "render/image_file.h"
 
@@ -14,7 +12,6 @@ namespace orv {
 namespace {
 
 constexpr int THUMB_WIDTH = 300;
-constexpr int NAME_ATTEMPTS = 5;
 constexpr uint16_t BMP_MAGIC = 19778;  // "BM"
 
 #pragma pack(push, 1)
@@ -58,23 +55,12 @@ qint64 PixelOffset(QFile& file) {
 
 }  // namespace
 
-QString TimestampName(const QDateTime& when) {
-    const QDate d = when.date();
-    const QTime t = when.time();
-    return QString::asprintf("%04d%02d%02d%02d%02d%02d%03d", d.year(), d.month(), d.day(), t.hour(),
-                             t.minute(), t.second(), t.msec());
-}
-
 QString CreateThumbFile(const QString& dataFolder, int width, int height) {
     if (dataFolder.isEmpty() || width <= 0 || height <= 0) return {};
-    for (int attempt = 0; attempt < NAME_ATTEMPTS; ++attempt) {
-        if (attempt > 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        const QString name = TimestampName(QDateTime::currentDateTime()) + ".page";
-        if (QFileInfo::exists(dataFolder + name)) continue;
-        const std::vector<uint32_t> black(static_cast<size_t>(width) * height, 0);
-        return SaveBmp32BottomUp(black.data(), width, height, dataFolder + name) ? name : QString();
-    }
-    return {};
+    const QString name = FreeTimestampName(dataFolder, QStringLiteral("page"));
+    if (name.isEmpty()) return {};
+    const std::vector<uint32_t> black(static_cast<size_t>(width) * height, 0);
+    return SaveBmp32BottomUp(black.data(), width, height, dataFolder + name) ? name : QString();
 }
 
 std::vector<uint32_t> ReadThumbFile(const QString& path, int width, int height) {

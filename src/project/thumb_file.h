@@ -3,16 +3,14 @@
 // a timestamp name, made empty with the page and overwritten in place with
 // its pixels at each save, so that the file's name never has to change.
 
-#include <QDateTime>
 #include <QString>
 
 #include <cstdint>
 #include <vector>
 
-namespace orv {
+#include "media/timestamp_name.h"
 
-// Seventeen digits of local time down to the millisecond.
-QString TimestampName(const QDateTime& when);
+namespace orv {
 
 // A new all-black thumbnail file of the size in the folder (which ends in a
 // separator), under a timestamp name and ".page"; a name already taken

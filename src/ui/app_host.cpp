@@ -1,13 +1,16 @@
 #include "ui/app_host.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QMessageBox>
 #include <QSettings>
 
+#include "project/project_store.h"
 #include "shell/key_routing.h"
 #include "shell/language.h"
 #include "ui/main_frame.h"
 #include "ui/zevrant_doc.h"
+#include "ui/zevrant_view.h"
 
 namespace orv {
 
@@ -46,20 +49,48 @@ bool CAppHost::CreateMainFrame() {
 }
 
 bool CAppHost::ProcessShellCommand() {
-    // A plain start asks for nothing: no empty document is made here.
+    // A project named on the command line is opened instead of the last one;
+    // a plain start asks for nothing here.
+    if (!m_arguments.isEmpty()) m_strShellProject = m_arguments.front();
     return true;
 }
 
+QString CAppHost::StartProject() {
+    const QString iniFile = QString::fromStdString(m_app.Folders().ProjectIni().string());
+    if (const auto ini = ReadProjectIni(iniFile)) {
+        m_pFrame->SetWorkspace(ini->strWorkspace);
+        return ini->strProject;
+    }
+    // No usable last project: a new numbered one in the default workspace.
+    const QString workspace = QString::fromStdString(m_app.Folders().workspacesFolder.string());
+    QDir().mkpath(workspace);
+    QDir::setCurrent(workspace);
+    m_pFrame->SetWorkspace(workspace);
+    const QString project = CreateNumberedProject(workspace);
+    if (!project.isEmpty()) WriteProjectIni(iniFile, {workspace, project});
+    return project;
+}
+
 void CAppHost::OpenStartProject() {
-    // Projects on disk arrive with the project manager; the editor starts
-    // with one project in memory.
-    auto* doc = new CZevrantDoc(m_pFrame);
-    m_docs.push_back(doc);
-    m_pFrame->AddProjectWindow(doc);
+    const QString iniFile = QString::fromStdString(m_app.Folders().ProjectIni().string());
+    m_pFrame->SetProjectCallbacks(
+        [this](const QString& workspace, const QString& project) {
+            m_app.m_strWorkspacePath = workspace;
+            m_app.m_strProjectPath = project;
+        },
+        [iniFile](const QString& workspace, const QString& project) {
+            WriteProjectIni(iniFile, {workspace, project});
+        });
+    const QString start = m_strShellProject.isEmpty() ? StartProject() : m_strShellProject;
+    // A project that cannot be opened leaves the editor without one; New and
+    // Open remain.
+    if (!start.isEmpty()) m_pFrame->OpenProjectPath(start, false);
 }
 
 int CAppHost::CurrentPageFormat() {
-    return m_docs.empty() ? -1 : 1;
+    const CZevrantView* view = m_pFrame ? m_pFrame->ActiveView() : nullptr;
+    if (!view) return -1;
+    return view->Document()->Project().m_nWidth == 640 ? 0 : 1;
 }
 
 void CAppHost::ShowMainFrame() {
@@ -69,13 +100,12 @@ void CAppHost::ShowMainFrame() {
 void CAppHost::CreatePlayEngine() {}
 
 bool CAppHost::ActiveProjectNeedsRecovery() {
-    return false;
+    const CZevrantView* view = m_pFrame ? m_pFrame->ActiveView() : nullptr;
+    return view && view->Document()->m_bFromBackup;
 }
 
 void CAppHost::ShowRecoveryMessage() {
-    QMessageBox::information(
-        m_pFrame, m_pFrame->windowTitle(),
-        CMainFrame::tr("Program was not closed properly.\nRecovering from the last modification."));
+    m_pFrame->ShowRecoveryMessage();
 }
 
 void CAppHost::FocusMainFrame() {
@@ -91,7 +121,6 @@ void CAppHost::DestroyMainFrame() {
     }
     delete m_pFrame;
     m_pFrame = nullptr;
-    m_docs.clear();
 }
 
 }  // namespace orv

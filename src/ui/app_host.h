@@ -36,6 +36,9 @@ public:
     CMainFrame* MainFrame() const { return m_pFrame; }
 
 private:
+    // The project of a plain start: the last one, else a new numbered one.
+    QString StartProject();
+
     CZevrantApp& m_app;
     QStringList m_arguments;
     uint16_t m_nLanguage = 9;
@@ -43,7 +46,7 @@ private:
     QTranslator m_toolkitTranslator;
     CMainFrame* m_pFrame = nullptr;
     CKeyRouter* m_pKeyRouter = nullptr;
-    std::vector<CZevrantDoc*> m_docs;
+    QString m_strShellProject;
 };
 
 }  // namespace orv

@@ -13,6 +13,10 @@ public:
     CChildFrame(CZevrantView* view, const QString& title, QWidget* parent = nullptr);
     CZevrantView* View() const { return m_pView; }
 
+protected:
+    // Closing the window closes its project, which may ask first or refuse.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     CZevrantView* m_pView;
 };

@@ -8,7 +8,7 @@
 #include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
-#include "project/page_manager.h"
+#include "project/project_manager.h"
 #include "ui/main_frame.h"
 #include "ui/zevrant_view.h"
 
@@ -40,6 +40,8 @@ void CMainFrame::CreateInsertMenu() {
         [this] { InsertPictureFile(CMD_INSERT_BACKGROUND_FILE); });
     add(tr("Erase the background picture\nErase Background"), CMD_ERASE_BACKGROUND,
         page(CMD_ERASE_BACKGROUND));
+    add(tr("Insert a background picture on every page\nBackground to All Pages..."),
+        CMD_BACKGROUND_TO_ALL, [this] { InsertBackgroundToAll(); });
     add(tr("Insert animation\nAnimation..."), CMD_INSERT_ANIMATION,
         [this] { InsertAnimationFile(); });
     add(tr("Animation properties\nAnimation Properties..."), CMD_ANIMATION_PROPERTIES,
@@ -66,6 +68,17 @@ void CMainFrame::InsertPictureFile(uint32_t command) {
     view->EndTextEdit();
     if (!view->PageCommand(command, &file))
         QMessageBox::warning(this, windowTitle(), tr("Failed loading picture."));
+}
+
+void CMainFrame::InsertBackgroundToAll() {
+    CZevrantView* view = ActiveView();
+    if (!view) return;
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open"), {}, PictureFileFilter());
+    if (file.isEmpty()) return;
+    if (!view->ProjectCommand(CMD_BACKGROUND_TO_ALL, &file))
+        QMessageBox::warning(this, windowTitle(), tr("Failed loading picture."));
+    else if (CPageManager* page = view->Page())
+        page->Repaint();
 }
 
 void CMainFrame::ChoosePictureAlpha() {

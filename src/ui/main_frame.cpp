@@ -259,6 +259,36 @@ void CMainFrame::CreatePageMenu() {
             menu->addAction(names[type], this, [this, type] { ChangePageType(type); });
         action->setObjectName(QString("pagetype%1").arg(type));
     }
+    menu->addSeparator();
+    AddPageActions(menu);
+}
+
+// Pages of the project, until the thumbnails pane exists.
+void CMainFrame::AddPageActions(QMenu* menu) {
+    auto add = [&](const QString& text, const char* name, auto slot) {
+        menu->addAction(text, this, slot)->setObjectName(name);
+    };
+    add(tr("New Page"), "cmd604", [this] {
+        if (CZevrantView* view = ActiveView()) {
+            const int after = view->Document()->Project().m_nCurPage;
+            view->ProjectCommand(CMD_NEW_PAGE, after >= 0 ? &after : nullptr);
+        }
+    });
+    add(tr("Delete Page"), "cmd605", [this] {
+        if (CZevrantView* view = ActiveView()) view->ProjectCommand(CMD_DELETE_PAGES);
+    });
+    add(tr("Previous Page"), "pageprevious", [this] {
+        if (CZevrantView* view = ActiveView()) {
+            const int index = view->Document()->Project().m_nCurPage - 1;
+            view->ProjectCommand(CMD_GO_TO_PAGE, &index);
+        }
+    });
+    add(tr("Next Page"), "pagenext", [this] {
+        if (CZevrantView* view = ActiveView()) {
+            const int index = view->Document()->Project().m_nCurPage + 1;
+            view->ProjectCommand(CMD_GO_TO_PAGE, &index);
+        }
+    });
 }
 
 // Until the ribbon exists: the canvas modes, splitting and the font of the
@@ -335,7 +365,9 @@ CZevrantView* CMainFrame::ActiveView() const {
 CZevrantView* CMainFrame::AddProjectWindow(CZevrantDoc* doc) {
     doc->Project().SetFileLinks(&m_fileLinks);
     doc->UseSessionFolder(QString::fromStdString(m_folders.settingsFolder.string()));
+    doc->SetPlayState([this] { return m_nPlayState; });
     auto* view = new CZevrantView(this, doc);
+    doc->SetPageStatusChanged([view] { view->ShowPageStatus(); });
     auto* child = new CChildFrame(view, doc->Title());
     m_pMdi->addSubWindow(child);
     child->showMaximized();
@@ -460,9 +492,13 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
         return;
     }
     m_nPlayState = 0;
-    m_timer.stop();
     SaveInterfaceState();
-    // Documents have no unsaved work to ask about until projects are saved.
+    // Each project closes as its window would, asking what it must ask.
+    if (!CloseAllProjects()) {
+        event->ignore();
+        return;
+    }
+    m_timer.stop();
     event->accept();
 }
 

@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -85,14 +86,34 @@ public:
     // "Animation Properties" for the one selected animation.
     void ShowAnimationProperties();
 
-    // File > Open Project File... and Save.
+    // The project commands of the File menu.
+    void NewProject();
+    void OpenProject();
     void OpenProjectFile();
-    // A project file opened in a window of its own; null, after a message
-    // that names the file and the reason, when it does not load.
-    CZevrantView* OpenProjectPath(const QString& path);
-    // Into the project's file, or, for a project that has none, into a new
-    // one that a file dialog names.
+    // A project, given by its file or folder, opened in a window of its own
+    // (or its window brought forward when it is open already); null, after a
+    // message that names the file and the reason, when it does not open.
+    CZevrantView* OpenProjectPath(const QString& path, bool announceRecovery = true);
+    // Into the working file; a project without a folder goes through Save As.
     void SaveActiveProject();
+    void SaveProjectAs();
+    void CloseActiveProject();
+    // Closes the project of the view on disk, asking what the settings ask;
+    // false when it must stay open.
+    bool CloseProjectOf(CZevrantView* view);
+    bool CloseAllProjects();
+    QStringList OpenProjectFiles() const;
+    CZevrantView* FindProjectWindow(const QString& projectFile) const;
+    void ShowRecoveryMessage();
+    // The application keeps the last project and the workspace for the next
+    // start; Save As writes them at once.
+    using ProjectFn = std::function<void(const QString& workspace, const QString& project)>;
+    void SetProjectCallbacks(ProjectFn remember, ProjectFn writeNow) {
+        m_fnRememberProject = std::move(remember);
+        m_fnWriteProjectIni = std::move(writeNow);
+    }
+    void SetWorkspace(const QString& workspace) { m_strWorkspace = workspace; }
+    QString Workspace() const { return m_strWorkspace; }
 
     int m_nPlayState = 0;
     float m_fZoom = 100.0f;
@@ -119,6 +140,10 @@ private:
     void ShowModeName();
     void CreateInsertMenu();
     void AddProjectFileActions(QMenu* file);
+    void FillRecentMenu();
+    void RememberProject(const CZevrantDoc& doc);
+    void AddPageActions(QMenu* menu);
+    void InsertBackgroundToAll();
     void InsertPictureFile(uint32_t command);
     void InsertAnimationFile();
     QString ConvertSequence(const QStringList& files, const QString& objectFolder);
@@ -152,6 +177,9 @@ private:
     QImage m_backImage;
     QString m_strBackImagePath;
     CFileLinkTable m_fileLinks;  // what this run copied into which project
+    QString m_strWorkspace;
+    QMenu* m_pRecentMenu = nullptr;
+    ProjectFn m_fnRememberProject, m_fnWriteProjectIni;
 };
 
 }  // namespace orv

@@ -39,12 +39,9 @@ CZevrantView::CZevrantView(CMainFrame* frame, CZevrantDoc* doc, QWidget* parent)
         connect(bar, &QScrollBar::valueChanged, this,
                 [this, bar](int v) { OnScroll(bar == m_wndVScroll, v); });
     }
-    CQRDObjectText::SetEditHost(this);
 }
 
-CZevrantView::~CZevrantView() {
-    if (CQRDObjectText::EditHost() == this) CQRDObjectText::SetEditHost(nullptr);
-}
+CZevrantView::~CZevrantView() = default;
 
 CPageManager* CZevrantView::Page() const {
     return m_pDoc && m_bAttached ? m_pDoc->Project().GetCurPage() : nullptr;
@@ -66,6 +63,16 @@ int CZevrantView::PageCommand(uint32_t id, const void* arg) {
     CPageManager* page = Page();
     if (!page || (m_pFrame && m_pFrame->m_nPlayState == 2)) return 0;
     const int result = page->ExecCommand(arg, id);
+    update();
+    return result;
+}
+
+int CZevrantView::ProjectCommand(uint32_t id, const void* arg) {
+    if (!m_pDoc) return 0;
+    EndTextEdit();
+    const int result = m_pDoc->Project().ExecCommand(arg, id);
+    if (!m_pDoc->Project().GetCurPage()) RenderPage();
+    ShowPageStatus();
     update();
     return result;
 }
@@ -118,12 +125,14 @@ void CZevrantView::OnSize(int cx, int cy) {
 }
 
 void CZevrantView::FitAndRender() {
-    const CZevrantApp* app = CZevrantApp::Get();
-    const UstSize page = app ? app->GetFrameSize() : UstSize{1920, 1080};
+    const UstSize page = FrameSize();
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const UstFit fit = FitToWindow(width(), height(), page.cx, page.cy, m_nPageKind, bar);
     m_rcPage = PlaceFitted(fit, width(), height(), m_nPageKind, bar);
-    if (m_pFrame) m_pFrame->m_fZoom = static_cast<float>(fit.nZoom);
+    // Each window has the zoom that fits it; the frame keeps the last one
+    // for what shows it.
+    m_fZoom = static_cast<float>(fit.nZoom);
+    if (m_pFrame) m_pFrame->m_fZoom = m_fZoom;
     if (fit.nWidth != m_nFitWidth || fit.nHeight != m_nFitHeight || m_pSurface.empty()) {
         m_nFitWidth = fit.nWidth;
         m_nFitHeight = fit.nHeight;
@@ -155,9 +164,8 @@ void CZevrantView::RenderPage() {
                        m_pFrame->BackdropImage());
     UstOverlayParams params;
     params.nPageType = static_cast<uint32_t>(m_nPageKind);
-    params.fZoom = m_pFrame->m_fZoom;
-    const CZevrantApp* app = CZevrantApp::Get();
-    params.nFrameWidth = app ? app->GetFrameSize().cx : 1920;
+    params.fZoom = m_fZoom;
+    params.nFrameWidth = FrameSize().cx;
     DrawCanvasOverlays(m_pSurface.data(), m_nFitWidth, m_nFitHeight, m_pFrame->m_Env, params);
 }
 
@@ -208,7 +216,15 @@ const UstEnv& CZevrantView::Env() const {
 }
 
 float CZevrantView::Zoom() const {
-    return m_pFrame ? m_pFrame->m_fZoom : 100.0f;
+    return m_fZoom;
+}
+
+// The project's own frame: several projects of different formats can be
+// open at once.
+UstSize CZevrantView::FrameSize() const {
+    if (m_pDoc) return {m_pDoc->Project().FrameWidth(), m_pDoc->Project().FrameHeight()};
+    const CZevrantApp* app = CZevrantApp::Get();
+    return app ? app->GetFrameSize() : UstSize{1920, 1080};
 }
 
 const QImage* CZevrantView::BackdropImage() {

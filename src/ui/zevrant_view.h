@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "board/video_modes.h"
 #include "objects/text_host.h"
 #include "project/page_host.h"
 #include "shell/key_routing.h"
@@ -29,6 +30,11 @@ public:
     ~CZevrantView() override;
 
     CZevrantDoc* Document() const { return m_pDoc; }
+    CMainFrame* Frame() const { return m_pFrame; }
+    // A command of the project (pages made, deleted, chosen), then the
+    // canvas and the page status brought up to date.
+    int ProjectCommand(uint32_t id, const void* arg = nullptr);
+    void ShowPageStatus();
     CPageManager* Page() const;
     const QRect& PageRect() const { return m_rcPage; }
     const uint32_t* Surface() const { return m_pSurface.empty() ? nullptr : m_pSurface.data(); }
@@ -63,6 +69,7 @@ public:
     int SetScrollBar(uint32_t pageType, int origin, int total) override;
     void InvalidateRect(const UstRect& windowRect) override;
     void Repaint() override;
+    CTextEditHost* EditHost() override { return this; }
 
     // CTextEditHost
     const UstDefaultAttr& DefaultAttr() const override;
@@ -110,6 +117,7 @@ private:
     };
 
     void OnSize(int cx, int cy);
+    UstSize FrameSize() const;
     void FitAndRender();
     void RenderPage();
     void LayOutScrollBars();
@@ -130,7 +138,6 @@ private:
     bool EditingMousePress(QMouseEvent* event, const QPoint& canvas);
     bool EditingKey(QKeyEvent* event);
     void PasteIntoText();
-    void ShowPageStatus();
 
     CMainFrame* m_pFrame;
     CZevrantDoc* m_pDoc;
@@ -145,6 +152,7 @@ private:
     bool m_bLayingOut = false;
     UstDrag m_drag;
     QRect m_rcCaret;  // canvas pixels; empty when no caret shows
+    float m_fZoom = 100.0f;
 };
 
 // The cursor shown over a handle, 0 to 7 sizing, 8 rotating.

@@ -226,14 +226,18 @@ TEST_F(ShapeOnCanvas, ChangesOfLookDropTheKeptImage) {
     EXPECT_FALSE(s.CachedImage().Made());
 }
 
-TEST_F(ShapeOnCanvas, AStandardDefinitionTargetIsSqueezedOnlySideways) {
-    page.fZoom = 50.0f;
+// The sideways squeeze belongs to frames on air; an edit canvas that
+// happens to be 486 pixels high (a 1920 page at 45 %) shows true shapes.
+TEST_F(ShapeOnCanvas, ACanvasOf486LinesIsNotSqueezed) {
+    page.fZoom = 45.0f;
     page.height = 486;
     page.MakeCanvas(GREY);
-    CQRDObjectShape& s = Make(0, {0, 0, 20, 20});  // stored 40 x 40
+    CQRDObjectShape& s = Make(0, {0, 0, 45, 45});  // stored 100 x 100
     s.Draw();
-    EXPECT_EQ(s.CachedImage().width, 20);
-    EXPECT_EQ(s.CachedImage().height, 40);
+    EXPECT_EQ(s.CachedImage().width, 45);
+    EXPECT_EQ(s.CachedImage().height, 45);
+    EXPECT_EQ(page.At(44, 44), RED);
+    EXPECT_EQ(page.At(44, 46), GREY);
 }
 
 TEST_F(ShapeOnCanvas, BadShapesDrawNothingAndNeverEscapeTheCanvas) {

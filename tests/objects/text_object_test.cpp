@@ -22,7 +22,10 @@ public:
 
 class TextEdit : public testing::Test {
 protected:
-    void SetUp() override { text = std::make_unique<CQRDObjectText>(&page); }
+    void SetUp() override {
+        page.host = &host;
+        text = std::make_unique<CQRDObjectText>(&page);
+    }
     void TearDown() override {
         if (text->IsEditing()) text->EndEdit();
     }

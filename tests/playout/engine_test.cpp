@@ -44,7 +44,7 @@ TEST(EffectTable, GalleryNamesGroupsAndIrregularSteps) {
     }
     EXPECT_EQ(std::vector<int>(perGroup, perGroup + 4), (std::vector<int>{1, 7, 8, 17}));
     EXPECT_EQ(EffectGalleryGroup(1), -1);
-    // The product's own irregular data, kept.
+    // The irregular entries, kept.
     EXPECT_EQ(EffectStep(*FindEffectRow(26), 8), 204);
     EXPECT_EQ(EffectStep(*FindEffectRow(27), 8), 102);
     EXPECT_EQ(EffectStep(*FindEffectRow(20), 7), 46);

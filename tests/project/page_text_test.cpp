@@ -13,6 +13,7 @@ class PageText : public testing::Test {
 protected:
     PageText() : view(400, 300) {}
     void SetUp() override {
+        view.host = &host;
         project.AttachAll(&view);
         page = project.GetCurPage();
     }
@@ -38,7 +39,7 @@ TEST_F(PageText, EndingAnEditKeepsTextAndDropsBlankOnes) {
     EXPECT_EQ(page->m_bModified, 1);
     AddText("  \r \r");
     EXPECT_EQ(page->Objects().size(), 1u);  // nothing but blanks: gone
-    EXPECT_EQ(CQRDObjectText::Editing(), nullptr);
+    EXPECT_EQ(page->EditingText(), nullptr);
 }
 
 TEST_F(PageText, PageTextJoinsTextsAndSqueezesEmptyLines) {

@@ -54,6 +54,9 @@ public:
     uint32_t* GetCanvasBits() override { return canvas.empty() ? nullptr : canvas.data(); }
     void ObjectRemovedItself(CQRDObject* object) override { removed.push_back(object); }
     QString ObjectFolder() const override { return folder; }
+    CTextEditHost* EditHost() const override { return host; }
+    CQRDObjectText* EditingText() const override { return editing; }
+    void SetEditingText(CQRDObjectText* text) override { editing = text; }
     // Gives the context a canvas of its size, cleared to the colour.
     void MakeCanvas(uint32_t colour = 0) {
         canvas.assign(static_cast<size_t>(width) * height, colour);
@@ -65,6 +68,8 @@ public:
     UstPoint scroll, origin;
     int width = 1920, height = 1080;
     QString folder;
+    CTextEditHost* host = nullptr;
+    CQRDObjectText* editing = nullptr;
 };
 
 // A view with a canvas of its own and a record of what the page asked of it.
@@ -93,6 +98,7 @@ public:
     }
     void InvalidateRect(const UstRect&) override { ++invalidations; }
     void Repaint() override { ++repaints; }
+    CTextEditHost* EditHost() override { return host; }
     uint32_t At(int x, int y) const { return canvas[static_cast<size_t>(y) * width + x]; }
 
     int width, height;
@@ -101,6 +107,7 @@ public:
     float zoom = 100.0f;
     uint32_t pageType = 0;
     int lastTotal = 0, invalidations = 0, repaints = 0;
+    CTextEditHost* host = nullptr;
 };
 
 }  // namespace orv::test

@@ -1,6 +1,7 @@
 #pragma once
 // A stand-in for the editor around a text under edit: default and working
-// looks, and a record of what the text asked for.
+// looks, and a record of what the text asked for. Pages reach it through
+// their view or context.
 
 #include "objects/text_object.h"
 #include "render/fixed_string.h"
@@ -19,9 +20,7 @@ public:
         defaults.attr.fill[UstAttr::BODY].nType = 0;
         defaults.attr.fill[UstAttr::BODY].clrSolid = 0xFFFFFFFFu;
         working = defaults;
-        CQRDObjectText::SetEditHost(this);
     }
-    ~CFakeTextHost() override { CQRDObjectText::SetEditHost(nullptr); }
     const UstDefaultAttr& DefaultAttr() const override { return defaults; }
     UstDefaultAttr& WorkingAttr() override { return working; }
     void AttrChanged() override { ++attrChanges; }

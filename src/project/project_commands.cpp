@@ -1,0 +1,236 @@
+// The project's own commands: pages made, deleted and chosen, the set of
+// extra selected pages, a background given to every page, and effect values
+// set on several pages at once.
+#include <QDir>
+
+#include <algorithm>
+
+#include "project/project_manager.h"
+#include "render/image_file.h"
+
+namespace orv {
+
+namespace {
+
+int IndexOf(const void* arg) {
+    return arg ? *static_cast<const int*>(arg) : -1;
+}
+
+}  // namespace
+
+int CProjectManager::ExecCommand(const void* arg, uint32_t id) {
+    switch (id) {
+        case CMD_NEW_PAGE:
+            return NewPage(static_cast<const int*>(arg));
+        case CMD_DELETE_PAGES:
+            return DeletePages();
+        case CMD_PAGE_CLICKED:
+            return PageClicked(IndexOf(arg), false);
+        case CMD_REFRESH_PLAY:
+            if (PlayState() == 1) StatusChanged();
+            return 1;
+        case CMD_GO_TO_PAGE:
+            return PageClicked(IndexOf(arg), true);
+        case CMD_ADD_PAGE_TO_SELECTION:
+            return AddPageToSelection(IndexOf(arg));
+        case CMD_SELECT_ALL_PAGES:
+            return SelectAllPages();
+        case CMD_REMOVE_PAGE_FROM_SELECTION:
+            return RemovePageFromSelection(IndexOf(arg));
+        case CMD_CLEAR_PAGE_SELECTION:
+            m_aSelPages.clear();
+            return 1;
+        case CMD_LEAVE_CANVAS:
+            return LeaveCanvas();
+        case CMD_BACKGROUND_TO_ALL:
+            return arg ? BackgroundToAll(*static_cast<const QString*>(arg)) : 0;
+        default:
+            return 0;
+    }
+}
+
+int CProjectManager::NewPage(const int* afterIndex) {
+    // Without an index the page goes at the end.
+    const int after = afterIndex ? *afterIndex : PageCount() - 1;
+    CPageManager* page = InsertPage(after);
+    const auto it = std::find_if(m_aPages.begin(), m_aPages.end(),
+                                 [page](const auto& p) { return p.get() == page; });
+    const int index = static_cast<int>(it - m_aPages.begin());
+    // Indices behind the new page moved up by one.
+    for (int& i : m_aSelPages)
+        if (i >= index) ++i;
+    PageClicked(index, true);
+    SetProjectModified();
+    StatusChanged();
+    return 1;
+}
+
+bool CProjectManager::IsPageDeletable(int index) const {
+    const CPageManager* page = GetPage(index);
+    if (!page) return false;
+    const bool playPanel = m_pHost && m_pHost->PlayPanelOpen();
+    return !(playPanel && page == m_pPlayPage);
+}
+
+void CProjectManager::RemovePage(int index) {
+    CPageManager* page = GetPage(index);
+    if (!page) return;
+    if (page == m_pCurPage) {
+        page->Deactivate();
+        m_pCurPage = nullptr;
+    }
+    if (page == m_pPlayPage) m_pPlayPage = nullptr;
+    m_aPages.erase(m_aPages.begin() + index);
+}
+
+int CProjectManager::DeletePages() {
+    std::vector<int> doomed;
+    if (IsPageDeletable(m_nCurPage)) doomed.push_back(m_nCurPage);
+    for (int i : m_aSelPages)
+        if (IsPageDeletable(i)) doomed.push_back(i);
+    std::sort(doomed.begin(), doomed.end());
+    doomed.erase(std::unique(doomed.begin(), doomed.end()), doomed.end());
+    if (doomed.empty()) return 0;
+    const int old = m_nCurPage;
+    const bool currentGoes = std::binary_search(doomed.begin(), doomed.end(), old);
+    for (auto it = doomed.rbegin(); it != doomed.rend(); ++it)
+        RemovePage(*it);
+    m_aSelPages.clear();
+    if (currentGoes || !m_pCurPage) {
+        m_nCurPage = -1;
+        if (!m_aPages.empty()) PageClicked(std::min(old, PageCount() - 1), true);
+    } else {
+        // The current page stayed; pages before it may have gone.
+        const auto it = std::find_if(m_aPages.begin(), m_aPages.end(),
+                                     [this](const auto& p) { return p.get() == m_pCurPage; });
+        m_nCurPage = static_cast<int>(it - m_aPages.begin());
+    }
+    SetProjectModified();
+    if (m_pHost) m_pHost->PagesChanged();
+    StatusChanged();
+    return 1;
+}
+
+int CProjectManager::PageClicked(int index, bool reselect) {
+    if (!GetPage(index)) return 0;
+    // On air the pages are chosen, not shown: only the index moves.
+    if (PlayState() != 0) {
+        m_nCurPage = index;
+        if (PlayState() == 1 || reselect) StatusChanged();
+        return 1;
+    }
+    GoToPage(index);
+    if (reselect && m_pHost) m_pHost->PagesChanged();
+    StatusChanged();
+    return 1;
+}
+
+int CProjectManager::AddPageToSelection(int index) {
+    if (PlayState() != 0 || index == m_nCurPage || !GetPage(index)) return 0;
+    if (std::find(m_aSelPages.begin(), m_aSelPages.end(), index) == m_aSelPages.end()) {
+        m_aSelPages.push_back(index);
+        std::sort(m_aSelPages.begin(), m_aSelPages.end());
+    }
+    return 1;
+}
+
+int CProjectManager::SelectAllPages() {
+    m_aSelPages.clear();
+    for (int i = 0; i < PageCount(); ++i)
+        if (i != m_nCurPage) m_aSelPages.push_back(i);
+    return 1;
+}
+
+int CProjectManager::RemovePageFromSelection(int index) {
+    if (PlayState() != 0) return 0;
+    const auto it = std::find(m_aSelPages.begin(), m_aSelPages.end(), index);
+    if (it == m_aSelPages.end()) return 0;
+    m_aSelPages.erase(it);
+    return 1;
+}
+
+int CProjectManager::LeaveCanvas() {
+    if (m_pCurPage) m_pCurPage->Deactivate();
+    m_pCurPage = nullptr;
+    return 1;
+}
+
+int CProjectManager::BackgroundToAll(const QString& source) {
+    if (!IsImageExtension(source)) return 0;
+    QString name;
+    // Decoded once before it is copied, so that a bad file changes nothing.
+    if (!LoadImageFile(source) || !CopyToObjectFolder(source, name, ObjectFolder(), *FileLinks()))
+        return 0;
+    for (const auto& page : m_aPages) {
+        if (page->m_nPageType != 0) continue;
+        if (page.get() == m_pCurPage)
+            page->InsertBackground(QDir(ObjectFolder()).filePath(name));
+        else
+            page->TakeBackgroundFile(name);
+    }
+    SetProjectModified();
+    if (m_pHost) m_pHost->PagesChanged();
+    return 1;
+}
+
+int CProjectManager::SetPagesEffectValue(const void* value, uint32_t id) {
+    if (!value) return 0;
+    const int32_t v = *static_cast<const int32_t*>(value);
+    auto apply = [&](UstPageEffect& e) {
+        switch (id) {
+            case 760:
+            case 768:
+                e.nInSpeed = v;
+                return true;
+            case 761:
+            case 769:
+                e.nOutSpeed = v;
+                return true;
+            case 762:
+            case 770:
+                e.nInDelay = v;
+                return true;
+            case 763:
+            case 771:
+                e.nOutDelay = v;
+                return true;
+            case 764:
+                e.bInFade = v;
+                return true;
+            case 765:
+                e.bOutFade = v;
+                return true;
+            case 800:
+                e.bDiscard = v;
+                return true;
+            case CMD_IN_EFFECT:
+                e.nInEffect = v;
+                return true;
+            case CMD_OUT_EFFECT:
+                e.nOutEffect = v;
+                return true;
+            case CMD_EFFECT_PAIR:
+                // Roll and crawl pages keep their numbers: a transition may
+                // only replace a transition.
+                if (e.nInEffect >= 2 && v != 2) e.nInEffect = v;
+                if (e.nOutEffect >= 2 && v != 3) e.nOutEffect = v;
+                return true;
+            default:
+                return false;
+        }
+    };
+    std::vector<CPageManager*> pages;
+    for (int i : m_aSelPages)
+        if (CPageManager* p = GetPage(i)) pages.push_back(p);
+    if (m_pCurPage) pages.push_back(m_pCurPage);
+    UstPageEffect probe{};
+    if (!apply(probe)) return 0;
+    for (CPageManager* p : pages) {
+        apply(p->m_effect);
+        p->SetModified(true);
+    }
+    SetProjectModified();
+    return 1;
+}
+
+}  // namespace orv

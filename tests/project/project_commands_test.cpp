@@ -1,0 +1,185 @@
+// The project's own commands: pages made and deleted, the set of extra
+// selected pages, the index that moves alone on air, a background given to
+// every Cut page, and effect values set on several pages with the guarded
+// pair that keeps roll and crawl numbers.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include "project/project_manager.h"
+#include "support/rect_object.h"
+
+namespace orv {
+namespace {
+
+using test::CFakeView;
+
+class CHost : public CProjectHost {
+public:
+    int PlayState() const override { return state; }
+    bool PlayPanelOpen() const override { return panel; }
+    void PagesChanged() override { ++changes; }
+    void PageStatusChanged() override { ++statuses; }
+    int state = 0, changes = 0, statuses = 0;
+    bool panel = false;
+};
+
+class ProjectCommands : public testing::Test {
+protected:
+    ProjectCommands() : view(40, 20) {}
+    void SetUp() override {
+        project.SetHost(&host);
+        project.SetObjectFolder(QDir(dir.path()).filePath("Object"));
+        project.AttachAll(&view);
+        for (int i = 0; i < 3; ++i)
+            ASSERT_EQ(project.ExecCommand(nullptr, CMD_NEW_PAGE), 1);
+        project.m_bModified = 0;
+    }
+    int Index(const CPageManager* page) const {
+        for (int i = 0; i < project.PageCount(); ++i)
+            if (project.GetPage(i) == page) return i;
+        return -1;
+    }
+    int Command(uint32_t id, int index) { return project.ExecCommand(&index, id); }
+
+    QTemporaryDir dir;
+    CFakeView view;
+    CHost host;
+    CProjectManager project;
+};
+
+TEST_F(ProjectCommands, NewPagesGoAtTheEndOrAfterTheIndexAndBecomeCurrent) {
+    EXPECT_EQ(project.PageCount(), 4);
+    EXPECT_EQ(project.m_nCurPage, 3);  // each new page went at the end
+    CPageManager* second = project.GetPage(1);
+    const int after = 0;
+    ASSERT_EQ(project.ExecCommand(&after, CMD_NEW_PAGE), 1);
+    EXPECT_EQ(project.m_nCurPage, 1);
+    EXPECT_EQ(Index(second), 2);
+    EXPECT_EQ(project.GetCurPage(), project.GetPage(1));
+    EXPECT_EQ(project.PageStatus(), "Page 2/5");
+    EXPECT_EQ(project.m_bModified, 1);
+}
+
+TEST_F(ProjectCommands, DeletingTheCurrentAndSelectedPages) {
+    CPageManager* p0 = project.GetPage(0);
+    CPageManager* p2 = project.GetPage(2);
+    ASSERT_EQ(Command(CMD_PAGE_CLICKED, 1), 1);
+    ASSERT_EQ(Command(CMD_ADD_PAGE_TO_SELECTION, 3), 1);
+    EXPECT_EQ(Command(CMD_ADD_PAGE_TO_SELECTION, 1), 0);  // the current page is not in the set
+    ASSERT_EQ(project.ExecCommand(nullptr, CMD_DELETE_PAGES), 1);
+    ASSERT_EQ(project.PageCount(), 2);
+    EXPECT_EQ(project.GetPage(0), p0);
+    EXPECT_EQ(project.GetPage(1), p2);
+    // The page now at the old index takes over.
+    EXPECT_EQ(project.m_nCurPage, 1);
+    EXPECT_EQ(project.GetCurPage(), p2);
+    EXPECT_TRUE(project.m_aSelPages.empty());
+}
+
+TEST_F(ProjectCommands, DeletingTheLastPagePicksTheOneBeforeAndThenTheEmptyState) {
+    ASSERT_EQ(Command(CMD_PAGE_CLICKED, 3), 1);
+    ASSERT_EQ(project.ExecCommand(nullptr, CMD_DELETE_PAGES), 1);
+    EXPECT_EQ(project.m_nCurPage, 2);
+    ASSERT_EQ(project.ExecCommand(nullptr, CMD_SELECT_ALL_PAGES), 1);
+    EXPECT_EQ(project.m_aSelPages, (std::vector<int>{0, 1}));
+    ASSERT_EQ(project.ExecCommand(nullptr, CMD_DELETE_PAGES), 1);
+    EXPECT_EQ(project.PageCount(), 0);
+    EXPECT_EQ(project.m_nCurPage, -1);
+    EXPECT_EQ(project.GetCurPage(), nullptr);
+    EXPECT_EQ(project.ExecCommand(nullptr, CMD_DELETE_PAGES), 0);
+}
+
+TEST_F(ProjectCommands, ThePlayPageStaysWhileThePlayPanelIsOpen) {
+    project.m_pPlayPage = project.GetPage(3);
+    host.panel = true;
+    EXPECT_FALSE(project.IsPageDeletable(3));
+    EXPECT_TRUE(project.IsPageDeletable(2));
+    EXPECT_FALSE(project.IsPageDeletable(4));
+    EXPECT_EQ(project.ExecCommand(nullptr, CMD_DELETE_PAGES), 0);  // only the current, held
+    host.panel = false;
+    EXPECT_TRUE(project.IsPageDeletable(3));
+}
+
+TEST_F(ProjectCommands, OnAirOnlyTheIndexMoves) {
+    CPageManager* shown = project.GetCurPage();
+    host.state = 1;
+    ASSERT_EQ(Command(CMD_PAGE_CLICKED, 0), 1);
+    EXPECT_EQ(project.m_nCurPage, 0);
+    EXPECT_EQ(project.GetCurPage(), shown);  // nothing was put on the canvas
+    EXPECT_EQ(shown->m_bActive, 1);
+    EXPECT_EQ(Command(CMD_ADD_PAGE_TO_SELECTION, 2), 0);
+    EXPECT_EQ(Command(CMD_REMOVE_PAGE_FROM_SELECTION, 2), 0);
+    host.state = 0;
+    ASSERT_EQ(Command(CMD_GO_TO_PAGE, 0), 1);
+    EXPECT_EQ(project.GetCurPage(), project.GetPage(0));
+    EXPECT_EQ(Command(CMD_GO_TO_PAGE, 9), 0);
+}
+
+TEST_F(ProjectCommands, TheSelectionSetStaysSortedAndAnswersWhatItHad) {
+    ASSERT_EQ(Command(CMD_ADD_PAGE_TO_SELECTION, 2), 1);
+    ASSERT_EQ(Command(CMD_ADD_PAGE_TO_SELECTION, 0), 1);
+    ASSERT_EQ(Command(CMD_ADD_PAGE_TO_SELECTION, 2), 1);
+    EXPECT_EQ(project.m_aSelPages, (std::vector<int>{0, 2}));
+    EXPECT_EQ(Command(CMD_REMOVE_PAGE_FROM_SELECTION, 2), 1);
+    EXPECT_EQ(Command(CMD_REMOVE_PAGE_FROM_SELECTION, 2), 0);
+    EXPECT_EQ(project.ExecCommand(nullptr, CMD_CLEAR_PAGE_SELECTION), 1);
+    EXPECT_TRUE(project.m_aSelPages.empty());
+    ASSERT_EQ(project.ExecCommand(nullptr, CMD_LEAVE_CANVAS), 1);
+    EXPECT_EQ(project.GetCurPage(), nullptr);
+}
+
+// 8202 gives a transition only where one stands: roll (0) and crawl (1)
+// pages keep their numbers, 2 never comes in and 3 never goes out.
+TEST_F(ProjectCommands, EffectValuesReachTheSetAndTheGuardedPairKeepsScrollPages) {
+    project.GetPage(0)->m_effect.nInEffect = 0;
+    project.GetPage(0)->m_effect.nOutEffect = 0;
+    project.GetPage(1)->m_effect.nInEffect = 1;
+    project.GetPage(1)->m_effect.nOutEffect = 1;
+    project.m_aSelPages = {0, 1, 2};
+    const int32_t wipe = 7;
+    ASSERT_EQ(project.SetPagesEffectValue(&wipe, CMD_EFFECT_PAIR), 1);
+    EXPECT_EQ(project.GetPage(0)->m_effect.nInEffect, 0);
+    EXPECT_EQ(project.GetPage(1)->m_effect.nOutEffect, 1);
+    EXPECT_EQ(project.GetPage(2)->m_effect.nInEffect, 7);
+    EXPECT_EQ(project.GetPage(3)->m_effect.nOutEffect, 7);  // the current page too
+    const int32_t none = 2, cut = 3;
+    ASSERT_EQ(project.SetPagesEffectValue(&none, CMD_EFFECT_PAIR), 1);
+    EXPECT_EQ(project.GetPage(2)->m_effect.nInEffect, 7);
+    EXPECT_EQ(project.GetPage(2)->m_effect.nOutEffect, 2);
+    ASSERT_EQ(project.SetPagesEffectValue(&cut, CMD_EFFECT_PAIR), 1);
+    EXPECT_EQ(project.GetPage(2)->m_effect.nInEffect, 3);
+    EXPECT_EQ(project.GetPage(2)->m_effect.nOutEffect, 2);
+    // A plain set here, where the single page's command toggles.
+    const int32_t on = 1;
+    ASSERT_EQ(project.SetPagesEffectValue(&on, 764), 1);
+    ASSERT_EQ(project.SetPagesEffectValue(&on, 764), 1);
+    EXPECT_EQ(project.GetPage(2)->m_effect.bInFade, 1);
+    EXPECT_EQ(project.SetPagesEffectValue(&on, 766), 0);
+    EXPECT_EQ(project.m_bModified, 1);
+}
+
+TEST_F(ProjectCommands, ABackgroundForEveryCutPageIsCopiedOnce) {
+    const uint32_t roll = 1;
+    project.GetPage(1)->ExecCommand(&roll, CMD_PAGE_TYPE);
+    const QString file = QDir(dir.path()).filePath("sky.png");
+    QImage sky(8, 4, QImage::Format_ARGB32);
+    sky.fill(0xFF3060C0u);
+    ASSERT_TRUE(sky.save(file));
+    ASSERT_EQ(project.ExecCommand(&file, CMD_BACKGROUND_TO_ALL), 1);
+    for (int i : {0, 2, 3}) {
+        EXPECT_EQ(project.GetPage(i)->m_background.bPresent, 1) << i;
+        EXPECT_EQ(project.GetPage(i)->m_background.strFile, "sky.png") << i;
+        EXPECT_EQ(project.GetPage(i)->m_bModified, 1) << i;
+    }
+    EXPECT_EQ(project.GetPage(1)->m_background.bPresent, 0);     // a roll page has none
+    EXPECT_FALSE(project.GetPage(0)->m_background.HasPixels());  // off the canvas
+    EXPECT_EQ(QDir(project.ObjectFolder()).entryList(QDir::Files), QStringList{"sky.png"});
+    const QString notes = QDir(dir.path()).filePath("notes.txt");
+    EXPECT_EQ(project.ExecCommand(&notes, CMD_BACKGROUND_TO_ALL), 0);
+}
+
+}  // namespace
+}  // namespace orv
