@@ -15,18 +15,20 @@
 #include "board/hd_extreme.h"
 #include "board/test_board.h"
 #include "contact_sheet.h"
+#include "play_common.h"
 #include "media/avi_player.h"
 #include "playout/effect_table.h"
 #include "playout/transition_driver.h"
 #include "project/project_manager.h"
 #include "project/settings_records.h"
+#include "roll_command.h"
 #include "samples/demo_page.h"
 
 namespace orv::cli {
 
 namespace {
 
-constexpr int SHEET_FRAMES = 24, SHEET_COLUMNS = 6, THUMB_WIDTH = 320;
+constexpr int THUMB_WIDTH = 320;
 
 struct UstTransitionArgs {
     std::string strProject, strSheet;
@@ -43,14 +45,6 @@ int Usage(const std::string& why) {
                  "[--fade] [--hold FRAMES] [--mode MODE] [--sheet OUT.png] [--output SPEC]\n",
                  why.c_str());
     return 2;
-}
-
-bool ReadNumber(const std::string& text, int low, int high, int& out) {
-    char* end = nullptr;
-    const long v = std::strtol(text.c_str(), &end, 10);
-    if (text.empty() || *end != '\0' || v < low || v > high) return false;
-    out = static_cast<int>(v);
-    return true;
 }
 
 // The gallery's rows only: roll and crawl come with scroll pages.
@@ -173,13 +167,6 @@ QString SheetTitle(const UstTransitionArgs& a, const CCanvasBoard& board, int fr
         .arg(frames);
 }
 
-// A card or file output plays at the output's pace; a sheet alone needs no
-// clock and runs through the test board as fast as it can draw.
-std::unique_ptr<CCanvasBoard> MakeBoard(const UstTransitionArgs& a) {
-    if (a.board.output) return std::make_unique<IF_HDExtreme>(a.board);
-    return std::make_unique<CTestBoard>(*a.board.mode, EPlayoutClock::FREE);
-}
-
 // The page in, held, and out, every frame the output sends collected on
 // the way. Answers whether an output failed.
 bool PlayStages(CCanvasBoard& board, CTransitionDriver& driver, const UstTransitionArgs& a,
@@ -200,28 +187,14 @@ bool PlayStages(CCanvasBoard& board, CTransitionDriver& driver, const UstTransit
     driver.TakeOut(RequestWords(request));
     if (a.board.output) pipe.WaitFrames();  // the last frames reach the file
     pipe.RemoveFrameObserver(observer);
-    for (size_t i = failuresBefore; i < pipe.Failures().size(); ++i)
-        std::fprintf(stderr, "orvantis-cli transition: the output %s failed (%s)\n",
-                     pipe.Failures()[i].strOutput.c_str(), pipe.Failures()[i].strReason.c_str());
-    return pipe.Failures().size() > failuresBefore;
-}
-
-int WriteSheet(const UstTransitionArgs& a, const CCanvasBoard& board,
-               const std::vector<UstSheetFrame>& frames) {
-    const QImage sheet = MakeContactSheet(
-        frames, SheetTitle(a, board, static_cast<int>(frames.size())), SHEET_FRAMES, SHEET_COLUMNS);
-    QString error;
-    if (!SavePngFile(sheet, QString::fromLocal8Bit(a.strSheet.c_str()), &error)) {
-        std::fprintf(stderr, "orvantis-cli transition: %s\n", error.toLocal8Bit().constData());
-        return 1;
-    }
-    std::printf("Contact sheet written to %s\n", a.strSheet.c_str());
-    return 0;
+    return ReportFailures(pipe, failuresBefore);
 }
 
 }  // namespace
 
 int PlayTransition(int argc, char** argv) {
+    for (int i = 4; i < argc; ++i)
+        if (std::string(argv[i]) == "--roll") return PlayRoll(argc, argv);
     UstTransitionArgs a;
     const std::string error = ReadArgs(argc, argv, a);
     if (!error.empty()) return Usage(error);
@@ -232,7 +205,7 @@ int PlayTransition(int argc, char** argv) {
     UstSource source;
     if (const int code = LoadSource(a, source)) return code;
     ChooseMode(a, source);
-    std::unique_ptr<CCanvasBoard> board = MakeBoard(a);
+    std::unique_ptr<CCanvasBoard> board = MakePlayBoard(a.board);
     const UstSize frame = board->GetFrameSize(0);
     CTransitionDriver driver(*board, source.pPage ? source.nWidth : frame.cx,
                              source.pPage ? source.nHeight : frame.cy);
@@ -247,8 +220,10 @@ int PlayTransition(int argc, char** argv) {
     std::printf("%d frames: in %s, out %s at speed %d\n", static_cast<int>(frames.size()),
                 EffectName(a.nIn, LANG_ENGLISH).toUtf8().constData(),
                 EffectName(a.nOut, LANG_ENGLISH).toUtf8().constData(), a.nSpeed);
-    const int sheetCode = a.strSheet.empty() ? 0 : WriteSheet(a, *board, frames);
-    return failed ? 1 : sheetCode;
+    if (!a.strSheet.empty() &&
+        !SaveSheet(frames, SheetTitle(a, *board, static_cast<int>(frames.size())), a.strSheet))
+        return 1;
+    return failed ? 1 : 0;
 }
 
 }  // namespace orv::cli

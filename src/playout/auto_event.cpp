@@ -12,8 +12,15 @@ void CAutoEvent::Set() {
 
 void CAutoEvent::Wait() {
     std::unique_lock lock(m_mutex);
+    ++m_nWaiting;
     m_cv.wait(lock, [this] { return m_bSet; });
+    --m_nWaiting;
     m_bSet = false;
+}
+
+bool CAutoEvent::HasIdleWaiter() {
+    std::lock_guard lock(m_mutex);
+    return m_nWaiting > 0 && !m_bSet;
 }
 
 bool CAutoEvent::WaitFor(std::chrono::milliseconds timeout) {

@@ -5,6 +5,8 @@
 #include <random>
 #include <thread>
 
+#include "project/page_manager.h"
+
 namespace orv {
 
 Effect::Effect(CGBoard* board, uint32_t* bufferA, uint32_t* bufferB, int width, int height)
@@ -79,7 +81,25 @@ void Effect::ShuffleOrder(int count, int16_t* used, int16_t* order) {
     }
 }
 
-void Effect::PrepareStrips(int) {}
+// At the start of every pass: strips 0 and 1 into buffers A and B, on the
+// drawing thread, while nothing moves. The pass begins on strip 0 whatever
+// strip the last pass ended on. A one-strip page leaves B blank: its second
+// strip is the empty one.
+void Effect::PrepareStrips(int secondLayer) {
+    if (secondLayer || !m_pPage || !m_pBufferA || !m_pBufferB) return;
+    std::lock_guard lock(m_StripMutex);
+    const size_t pixels = static_cast<size_t>(m_nWidth) * m_nHeight;
+    m_nStrip.store(0, std::memory_order_relaxed);
+    std::fill_n(m_pBufferA, pixels, 0u);
+    m_pPage->DrawStrip(0, m_pBufferA, m_nWidth, m_nHeight);
+    m_nPrepared.store(0, std::memory_order_relaxed);
+    m_nReady.store(0, std::memory_order_relaxed);
+    if (m_nStrips < 2) return;
+    std::fill_n(m_pBufferB, pixels, 0u);
+    if (m_nStrips - 1 > 1) m_pPage->DrawStrip(1, m_pBufferB, m_nWidth, m_nHeight);
+    m_nPrepared.store(1, std::memory_order_relaxed);
+    m_nReady.store(1, std::memory_order_relaxed);
+}
 
 void Effect::Run(int*, int, CPageManager*) {}
 
@@ -142,9 +162,31 @@ void Effect::StripThreadMain() {
     }
 }
 
-// The strips of a page are drawn by the roll; until it exists there is
-// nothing to prepare.
-void Effect::PrepareNextStrip() {}
+// The next strip goes into the buffer that is not on screen, once the
+// routine shows the strip last prepared. The number is taken before the
+// rendering, so the routine stops asking while it runs; the strip counts as
+// ready only when it is finished.
+void Effect::PrepareNextStrip() {
+    std::lock_guard lock(m_StripMutex);
+    const int prepared = m_nPrepared.load(std::memory_order_relaxed);
+    if (prepared != m_nStrip.load(std::memory_order_acquire) || prepared == m_nStrips - 1) return;
+    const int next = (prepared + 1) % m_nStrips;
+    m_nPrepared.store(next, std::memory_order_relaxed);
+    const auto start = std::chrono::steady_clock::now();
+    uint32_t* buffer = next % 2 == 0 ? m_pBufferA : m_pBufferB;
+    std::fill_n(buffer, static_cast<size_t>(m_nWidth) * m_nHeight, 0u);
+    if (next < m_nStrips - 1) m_pPage->DrawStrip(next, buffer, m_nWidth, m_nHeight);
+    m_nReady.store(next, std::memory_order_release);
+    const int64_t ns = std::chrono::duration_cast<std::chrono::nanoseconds>(
+                           std::chrono::steady_clock::now() - start)
+                           .count();
+    ++m_Stats.nStripsRendered;
+    m_Stats.nLongestStripNs = std::max(m_Stats.nLongestStripNs, ns);
+}
+
+bool Effect::StripThreadIdle() const {
+    return !m_hStripEvent || m_hStripEvent->HasIdleWaiter();
+}
 
 // One frame per animation per wake-up, so the feeder keeps the pace of the
 // output and the rings absorb the hiccups of the files.

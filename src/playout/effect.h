@@ -14,6 +14,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 #include "board/gboard.h"
@@ -33,6 +34,12 @@ struct UstStepStats {
     int64_t nLongestSubStepNs = 0;
     bool bKeepTimes = false;            // set by the caller before a run
     std::vector<int64_t> subStepTimes;  // in nanoseconds, when kept
+    // Roll and crawl: strips whose rows the routine reached before the
+    // strip thread had finished them, and the longest the thread took for
+    // one strip (written by the strip thread, read once the run is over).
+    int nLateStrips = 0;
+    int nStripsRendered = 0;
+    int64_t nLongestStripNs = 0;
 };
 
 enum EWorkerKind : int { WORKER_STRIP = 0, WORKER_ANIMATION = 1 };
@@ -66,6 +73,9 @@ public:
     virtual void Reserved4() {}
     virtual void Stop();
 
+    // No strip thread, or the strip thread waits with nothing asked of it.
+    bool StripThreadIdle() const;
+
     const UstStepStats& Stats() const { return m_Stats; }
     UstStepStats& Stats() { return m_Stats; }
 
@@ -87,6 +97,11 @@ public:
     int32_t m_nRollPad = 0;  // filled in by the strip count; nothing reads it
     std::unique_ptr<CWorkerThread> m_hStripThread;
     std::unique_ptr<CAutoEvent> m_hStripEvent;
+    // The highest strip whose buffer is finished. The routine copies rows
+    // of a strip only once it is; until then it writes them blank, so a
+    // late renderer costs rows of the picture but never stops the motion
+    // and never has its buffer read while it writes it.
+    std::atomic<int32_t> m_nReady{0};
     // A second layer of roll buffers: the system never makes one, so they
     // stay null and every step that would fill them is skipped.
     uint32_t* m_pBufferA2 = nullptr;
@@ -114,6 +129,9 @@ protected:
     int EndWorker(int kind);
 
     UstStepStats m_Stats;
+    // Held by the strip thread while it renders, and by PrepareStrips: a new
+    // pass waits for a strip still being rendered from the last one.
+    std::mutex m_StripMutex;
 
 private:
     void StripThreadMain();

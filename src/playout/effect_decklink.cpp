@@ -35,7 +35,7 @@ void EffectDecklink::Run(int* request, int phase, CPageManager* page) {
     m_Stats = {};
     m_Stats.bKeepTimes = keepTimes;
     if (number == EFFECT_ROLL || number == EFFECT_CRAWL)
-        RunScroll(request, page);
+        RunScroll(number, request, page);
     else
         RunTransition(request, phase);
 }
@@ -60,7 +60,7 @@ void EffectDecklink::RunTransition(int* request, int phase) {
 }
 
 // Whatever the phase, a scroll page runs its pass: it has no out stage.
-void EffectDecklink::RunScroll(int* request, CPageManager* page) {
+void EffectDecklink::RunScroll(int number, int* request, CPageManager* page) {
     if (!page) {
         m_hDone.Set();
         return;
@@ -77,7 +77,7 @@ void EffectDecklink::RunScroll(int* request, CPageManager* page) {
     m_nPrepared.store(0, std::memory_order_relaxed);
     TakePipeline();
     if (m_nStrips > 2) StartWorker(WORKER_STRIP);
-    CallRoutine(LoadRequestWord(request, REQ_IN_EFFECT), request, 0);
+    CallRoutine(number, request, 0);
     EndRun();
 }
 

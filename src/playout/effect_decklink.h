@@ -70,7 +70,7 @@ private:
     using SubStep = std::function<void(int p, int step)>;
 
     void RunTransition(int* request, int phase);
-    void RunScroll(int* request, CPageManager* page);
+    void RunScroll(int number, int* request, CPageManager* page);
     void CallRoutine(int number, int* request, int phase);
     void TakePipeline();
     void StepLoop(const UstStepPlan& plan, const SubStep& write);
@@ -112,6 +112,23 @@ private:
     void BoxInSubStep(const UstPen& pen, int p, int step, int total, double q, int& c);
     void BoxOutSubStep(const UstPen& pen, int p, int step, int total, double q, int& c);
     void CheckerCells(const UstPen& pen, int cell, bool across, bool sameParity, int p, int step);
+
+    // Roll and crawl: where a pass stands. The unit is the frame's height
+    // for a roll and its width for a crawl; (x, y) is the origin.
+    struct UstScroll {
+        bool bCrawl = false;
+        int nUnit = 0;
+        int64_t nTotal = 0, p = 0;
+        int x = 0, y = 0;
+        const uint32_t* pSource = nullptr;
+        int nLateStrip = -1;  // the last strip counted as late
+    };
+    void ScrollRoutine(int* request, const int* steps, bool crawl);
+    void ScrollPass(int* request, const int* steps, UstScroll& s);
+    void ScrollSubStep(int* request, const int* steps, UstScroll& s);
+    void ScrollPiece(UstScroll& s, int from, int rows);
+    void FollowStrip(UstScroll& s);
+    void WaitBetweenPasses(int64_t ms);
 };
 
 }  // namespace orv

@@ -5,6 +5,7 @@
 
 #include "playout/effect_decklink.h"
 #include "playout/effect_request.h"
+#include "playout/scroll_speed.h"
 #include "playout/transition_driver.h"
 #include "project/page_manager.h"
 
@@ -138,19 +139,11 @@ bool CPlayEngine::IsLive() const {
 }
 
 void CPlayEngine::Faster() {
-    ChangeSpeed(+1);
+    orv::Faster(m_pPage.load());
 }
 
 void CPlayEngine::Slower() {
-    ChangeSpeed(-1);
-}
-
-void CPlayEngine::ChangeSpeed(int delta) {
-    CPageManager* page = m_pPage.load();
-    if (!page || !page->IsScrollPage()) return;
-    int* request = RequestWords(page->m_effect);
-    const int speed = LoadRequestWord(request, REQ_IN_SPEED) + delta;
-    if (speed >= 1 && speed <= 10) StoreRequestWord(request, REQ_IN_SPEED, speed);
+    orv::Slower(m_pPage.load());
 }
 
 void CPlayEngine::ResetPlay() {
@@ -185,10 +178,13 @@ void CPlayEngine::RenderPage(CPageManager* page) {
                       m_nWidth, m_nHeight);
 }
 
-// The objects' live state of a roll is built around its run; until the roll
-// draws strips there is nothing to build.
-void CPlayEngine::BeginScroll(CPageManager*) {}
-void CPlayEngine::EndScroll(CPageManager*) {}
+void CPlayEngine::BeginScroll(CPageManager* page) {
+    page->BeginScroll(m_nWidth, m_nHeight);
+}
+
+void CPlayEngine::EndScroll(CPageManager* page) {
+    page->EndScroll();
+}
 
 void CPlayEngine::Post(int state, int param) {
     if (m_pFrame) m_pFrame->PostPlayState(state, param);

@@ -139,11 +139,11 @@ private:
     // Run's first two cases: a blink or a live stage on air ends gently.
     bool EndStage();
     void RenderPage(CPageManager* page);
+    // The objects' live state of a roll, built for its run and freed after.
     void BeginScroll(CPageManager* page);
     void EndScroll(CPageManager* page);
     void Post(int state, int param);
     void SetMode(int mode);
-    void ChangeSpeed(int delta);
 
     std::unique_ptr<Effect> m_pEffect;
     int32_t m_nWidth = 0, m_nHeight = 0;

@@ -42,4 +42,13 @@ bool CTransitionDriver::HasOutStage(int* request) {
            LoadRequestWord(request, REQ_OUT_FADE) != 0;
 }
 
+bool CTransitionDriver::PlayScroll(CPageManager& page) {
+    if (!page.IsScrollPage()) return false;
+    page.BeginScroll(m_nWidth, m_nHeight);
+    RenderPage(page);
+    m_effect.Run(RequestWords(page.m_effect), 0, &page);
+    page.EndScroll();
+    return true;
+}
+
 }  // namespace orv

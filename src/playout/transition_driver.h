@@ -31,6 +31,11 @@ public:
     // False when the request has no out stage and nothing ran.
     bool TakeOut(int* request);
     static bool HasOutStage(int* request);
+    // A Roll or Crawl page as the play engine runs it: its live state begun
+    // and made, its passes run with the page's own request (which Faster
+    // and Slower change meanwhile), the state freed. False, with nothing
+    // run, for any other page.
+    bool PlayScroll(CPageManager& page);
 
     EffectDecklink& Engine() { return m_effect; }
 

@@ -16,8 +16,8 @@
 
 #include <algorithm>
 
-#include "playout/effect_request.h"
 #include "playout/play_engine.h"
+#include "playout/scroll_speed.h"
 #include "project/page_manager.h"
 #include "shell/key_routing.h"
 #include "ui/play_dlg.h"
@@ -260,10 +260,10 @@ void CPropAuto::ChangeScrollSpeed(int delta) {
     const int index = Cursor();
     if (index < 0 || index >= m_list.Count()) return;
     CPageManager* page = m_list.m_pPages[static_cast<size_t>(index)];
-    if (!page || !page->IsScrollPage()) return;
-    int* request = RequestWords(page->m_effect);
-    const int speed = LoadRequestWord(request, REQ_IN_SPEED) + delta;
-    if (speed >= 1 && speed <= 10) StoreRequestWord(request, REQ_IN_SPEED, speed);
+    if (delta > 0)
+        Faster(page);
+    else
+        Slower(page);
 }
 
 void CPropAuto::TakeMoveTo() {

@@ -128,4 +128,16 @@ inline int RunByHand(CTestBoard& board, const std::function<void()>& run,
     }
 }
 
+// The view after the first frame of the in effect of `request`, which then
+// runs to its end.
+inline std::vector<uint32_t> ViewAfterFirstFrame(UstRig& rig, UstPageEffect& request) {
+    std::vector<uint32_t> first;
+    RunByHand(
+        rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
+        [&](int frame) {
+            if (frame == 1) first = rig.PageView();
+        });
+    return first;
+}
+
 }  // namespace orv::test

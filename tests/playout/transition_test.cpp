@@ -144,12 +144,7 @@ TEST(StepLoop, EachPatternStartsWhereItShould) {
     for (const UstStart& s : starts) {
         rig.Reset();
         UstPageEffect request = Request(s.number, 10, false, s.number, 10, false);
-        std::vector<uint32_t> first;
-        RunByHand(
-            rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
-            [&](int frame) {
-                if (frame == 1) first = rig.PageView();
-            });
+        const std::vector<uint32_t> first = test::ViewAfterFirstFrame(rig, request);
         const size_t in = static_cast<size_t>(s.yIn) * 1280 + s.xIn;
         const size_t out = static_cast<size_t>(s.yOut) * 1280 + s.xOut;
         EXPECT_EQ(first[in], rig.page[in]) << s.number;
@@ -165,12 +160,7 @@ TEST(StepLoop, MidwayOnlyTheUnitsDoneShow) {
     for (int number : {16, 17}) {
         UstRig rig("1080i5994", EPlayoutClock::HAND);
         UstPageEffect request = Request(number, 10, false, number, 10, false);
-        std::vector<uint32_t> first;
-        RunByHand(
-            rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
-            [&](int frame) {
-                if (frame == 1) first = rig.PageView();
-            });
+        const std::vector<uint32_t> first = test::ViewAfterFirstFrame(rig, request);
         const bool rows = number == 16;
         int whole = 0, empty = 0;
         for (int k = 0; k < (rows ? 1080 : 1920); ++k) {
@@ -189,12 +179,7 @@ TEST(StepLoop, MidwayOnlyTheUnitsDoneShow) {
     }
     UstRig rig("720p5994", EPlayoutClock::HAND);
     UstPageEffect request = Request(30, 10, false, 30, 10, false);
-    std::vector<uint32_t> first;
-    RunByHand(
-        rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
-        [&](int frame) {
-            if (frame == 1) first = rig.PageView();
-        });
+    const std::vector<uint32_t> first = test::ViewAfterFirstFrame(rig, request);
     std::vector<int16_t> xs(4000), ys(4000);
     rig.Engine().BuildPerimeter(xs.data(), ys.data(), 640, 360, 1280, 720);
     std::vector<uint32_t> expected(first.size(), 0);
@@ -389,12 +374,7 @@ TEST(Checkerboard, SameParityCellsComeWholeOnTheFirstFrame) {
     for (int number : {12, 13}) {
         UstRig rig("720p5994", EPlayoutClock::HAND);
         UstPageEffect request = Request(number, 2, false, number, 2, false);
-        std::vector<uint32_t> first;
-        RunByHand(
-            rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
-            [&](int frame) {
-                if (frame == 1) first = rig.PageView();
-            });
+        const std::vector<uint32_t> first = test::ViewAfterFirstFrame(rig, request);
         // Cells of 80: at (0, 0) whole, at (80, 0) two lines or columns.
         auto at = [&](int x, int y) { return static_cast<size_t>(y) * 1280 + x; };
         EXPECT_EQ(first[at(79, 79)], rig.page[at(79, 79)]);
