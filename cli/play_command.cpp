@@ -194,15 +194,15 @@ private:
 
 bool CPlayRun::PrepareList() {
     const int count = m_project.PageCount();
-    int first = std::min(m_args.nFirst, count), last = m_args.nLast ? m_args.nLast : count;
-    last = std::min(last, count);
-    if (last < first) {
+    // An end before the start is set to the start, as Run does in the list pane.
+    const bool backwards = m_args.nLast && m_args.nLast < m_args.nFirst;
+    const int first = std::min(m_args.nFirst, count);
+    const int last = backwards ? first : std::min(m_args.nLast ? m_args.nLast : count, count);
+    if (backwards)
         std::fprintf(stderr,
                      "orvantis-cli play: the last page comes before the first; page %d plays "
                      "alone\n",
                      first);
-        last = first;
-    }
     if (count == 0) {
         std::fprintf(stderr, "orvantis-cli play: the project has no page\n");
         return false;
