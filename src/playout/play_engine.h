@@ -138,6 +138,8 @@ private:
     bool Running() const;
     // Run's first two cases: a blink or a live stage on air ends gently.
     bool EndStage();
+    // The lock if it is free now, else false after a short wait.
+    bool TryLock();
     void RenderPage(CPageManager* page);
     // The objects' live state of a roll, built for its run and freed after.
     void BeginScroll(CPageManager* page);
@@ -155,7 +157,7 @@ private:
     CWorkerThread m_hThread;
     CAutoEvent m_hEvent;
     IPlayHost* m_pFrame = nullptr;
-    std::timed_mutex m_Lock;
+    std::mutex m_Lock;
     std::atomic<int32_t> m_bLocked{0};
     std::atomic<UstPlayList*> m_pPlayList{nullptr};
     std::atomic<CPageManager*> m_pPage{nullptr};
