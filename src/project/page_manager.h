@@ -100,6 +100,11 @@ public:
     void Attach(CPageDoc* doc, CPageView* view);
     int ExecCommand(const void* arg, uint32_t id, CQRDObject* target = nullptr);
     int SetEffectValue(const void* value, uint32_t id);
+    // What play control asks of a page before it takes it to air: a blinking
+    // object anywhere (groups included) asks for the blink; an animation on
+    // a Cut page with objects asks for the live stage.
+    bool HasBlinkObject() const;
+    bool HasAnimation() const;
     void Activate(bool keepBackground);
     void Deactivate();
     // The view's canvas changed size or zoom: take the new frame and redraw.
