@@ -8,8 +8,10 @@
 #include "media/avi_player.h"
 #include "media_commands.h"
 #include "output_commands.h"
+#include "play_command.h"
 #include "project_commands.h"
 #include "samples/demo_page.h"
+#include "transition_command.h"
 
 namespace {
 
@@ -26,6 +28,9 @@ const char* const HELP =
     "       orvantis-cli seq2ani OUT.ani32 FILES...|FOLDER\n"
     "       orvantis-cli ani-info FILE\n"
     "       orvantis-cli ani-frame FILE N OUT.png\n"
+    "       orvantis-cli transition PROJECT PAGE --in N --out M [options]\n"
+    "       orvantis-cli transition PROJECT PAGE --roll [options]\n"
+    "       orvantis-cli play PROJECT [options] --output SPEC\n"
     "\n"
     "The headless companion of the Orvantis-HD editor. PROJECT is a project\n"
     "file (project.qrdprj); its Data and Object folders lie beside it.\n"
@@ -62,9 +67,50 @@ const char* const HELP =
     "                file, and for the first two each frame's offset checked\n"
     "  ani-frame     frame N (counted from 0) of an animation or video as a PNG\n"
     "\n"
-    "info, resave, render, export-all, seq2ani, ani-info and ani-frame exit\n"
-    "with 0 when done, 1 when a file does not load, is damaged or cannot be\n"
-    "written (one line on stderr names the file and the reason), and 2 on bad\n"
+    "  transition PROJECT PAGE --in N --out M\n"
+    "                take page PAGE on air and off again with the transitions N and\n"
+    "                M (2 to 34, as the gallery numbers them from \"No transition\");\n"
+    "                PROJECT 'demo' stands for the built-in sample page, PAGE 1\n"
+    "      --speed S      1 to 10, for both (4)\n"
+    "      --fade         the key fades with both\n"
+    "      --hold N       frames on air between the two (1)\n"
+    "      --mode MODE    as for output (by default the mode of the project's\n"
+    "                     frame size, 1080i5994 for 1920 x 1080)\n"
+    "      --sheet OUT.png  a contact sheet of 24 evenly spaced frames, each with\n"
+    "                     its number, stage and key level\n"
+    "      --output SPEC  play in real time to an output, as for output\n"
+    "  transition PROJECT PAGE --roll\n"
+    "                roll or crawl a Roll or Crawl page of a project through its\n"
+    "                passes; 'demo 1' is built-in end credits that roll, 'demo 2'\n"
+    "                the same crawling\n"
+    "      --speed S      1 to 10 (the page's own)\n"
+    "      --repeat N     passes after the first (the page's own)\n"
+    "      --delay S      seconds between passes (the page's own)\n"
+    "      --faster F, --slower F   press Faster (+) or Slower (-) at output\n"
+    "                     frame F; each may be given several times\n"
+    "      --mode, --sheet, --output  as above\n"
+    "\n"
+    "  play PROJECT --output SPEC\n"
+    "                take the project's pages to an output through the play engine,\n"
+    "                one line per state (seconds, page, state); SIGINT or SIGTERM\n"
+    "                stops the page on air and closes the output cleanly\n"
+    "      --pages A-B    the pages to play, counted from 1 (all); an end before\n"
+    "                     the start plays the start page alone\n"
+    "      --auto         the automatic list: each page held for its in delay,\n"
+    "                     the output left empty for its out delay; without it the\n"
+    "                     pages are stepped by Run after the same delays\n"
+    "      --repeat N     passes over the pages with --auto, 0 without end (1)\n"
+    "      --ignore-discarded  play the pages marked as discarded too\n"
+    "      --mode MODE    as for output (by default the mode of the project's\n"
+    "                     frame size)\n"
+    "      --output SPEC  card, file:PATH.mkv, srt://HOST:PORT or null, as for\n"
+    "                     output\n"
+    "\n"
+    "info, resave, render, export-all, seq2ani, ani-info, ani-frame and\n"
+    "transition exit with 0 when done, 1 when a file does not load, is damaged\n"
+    "or cannot be written (one line on stderr names the file and the reason),\n"
+    "and 2 on bad usage. play exits with 0 when its list is used up or a signal\n"
+    "stopped it, 1 when the project does not load or an output failed, 2 on bad\n"
     "usage.\n";
 
 int Demo(int argc, char** argv) {
@@ -119,6 +165,9 @@ int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "modes") == 0) return orv::cli::ListModes(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "output") == 0) return orv::cli::PlayTestCard(argc, argv);
     if (argc >= 2 && std::strcmp(argv[1], "frames") == 0) return orv::cli::UnpackFrames(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "transition") == 0)
+        return orv::cli::PlayTransition(argc, argv);
+    if (argc >= 2 && std::strcmp(argv[1], "play") == 0) return orv::cli::PlayProject(argc, argv);
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
             std::printf("orvantis-cli 1.62\n");

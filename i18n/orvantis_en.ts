@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
 <context>
+    <name>orv::CAutoDlg</name>
+    <message>
+        <source>Play Out</source>
+        <translation>Play Out</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgConfigDecklink</name>
     <message>
         <source>Hardware Configuration</source>
@@ -694,6 +705,40 @@ Split into Characters</translation>
         <translation>Please stop automatic play out to exit play mode.</translation>
     </message>
     <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Play</translation>
+    </message>
+    <message>
+        <source>Play Mode
+Play Mode</source>
+        <translation>Play Mode
+Play Mode</translation>
+    </message>
+    <message>
+        <source>Open or close the play window
+Play Window</source>
+        <translation>Open or close the play window
+Play Window</translation>
+    </message>
+    <message>
+        <source>Erase output
+Erase Output
+Erase</source>
+        <translation>Erase output
+Erase Output
+Erase</translation>
+    </message>
+    <message>
+        <source>Discard current page for play out.
+Discard</source>
+        <translation>Discard current page for play out.
+Discard</translation>
+    </message>
+    <message>
+        <source>Play Out</source>
+        <translation>Play Out</translation>
+    </message>
+    <message>
         <source>Project files (*.qrdprj);;All files (*)</source>
         <translation>Project files (*.qrdprj);;All files (*)</translation>
     </message>
@@ -925,6 +970,24 @@ Recovering from the last modification.</translation>
     </message>
 </context>
 <context>
+    <name>orv::CPlayDlg</name>
+    <message>
+        <source> (discarded)</source>
+        <translation> (discarded)</translation>
+    </message>
+    <message>
+        <source>Page %1</source>
+        <translation>Page %1</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPlayTextDlg</name>
+    <message>
+        <source>Page %1</source>
+        <translation>Page %1</translation>
+    </message>
+</context>
+<context>
     <name>orv::CProgramMonitor</name>
     <message>
         <source>Program Monitor</source>
@@ -949,6 +1012,112 @@ Recovering from the last modification.</translation>
     <message>
         <source>Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)</source>
         <translation>Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPropAuto</name>
+    <message>
+        <source>PROGRAM</source>
+        <translation>PROGRAM</translation>
+    </message>
+    <message>
+        <source>PREVIEW</source>
+        <translation>PREVIEW</translation>
+    </message>
+    <message>
+        <source>Run (ENTER)</source>
+        <translation>Run (ENTER)</translation>
+    </message>
+    <message>
+        <source>Stop (*)</source>
+        <translation>Stop (*)</translation>
+    </message>
+    <message>
+        <source>Erase (F12)</source>
+        <translation>Erase (F12)</translation>
+    </message>
+    <message>
+        <source>Fast (+)</source>
+        <translation>Fast (+)</translation>
+    </message>
+    <message>
+        <source>Slow (-)</source>
+        <translation>Slow (-)</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>Start:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>End:</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>Repeat:</translation>
+    </message>
+    <message>
+        <source>MoveTo:</source>
+        <translation>MoveTo:</translation>
+    </message>
+    <message>
+        <source>Ignore discarded</source>
+        <translation>Ignore discarded</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manual</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Auto</translation>
+    </message>
+    <message>
+        <source>ON AIR: page %1</source>
+        <translation>ON AIR: page %1</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>Blink</translation>
+    </message>
+    <message>
+        <source>Animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>Next: Animation</source>
+        <translation>Next: Animation</translation>
+    </message>
+    <message>
+        <source>Next: Blink</source>
+        <translation>Next: Blink</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPropAutoA</name>
+    <message>
+        <source>Run</source>
+        <translation>Run</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Erase</source>
+        <translation>Erase</translation>
+    </message>
+    <message>
+        <source>ON AIR</source>
+        <translation>ON AIR</translation>
+    </message>
+    <message>
+        <source>PREVIEW</source>
+        <translation>PREVIEW</translation>
+    </message>
+    <message>
+        <source>Page %1</source>
+        <translation>Page %1</translation>
     </message>
 </context>
 <context>

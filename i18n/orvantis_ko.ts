@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR">
 <context>
+    <name>orv::CAutoDlg</name>
+    <message>
+        <source>Play Out</source>
+        <translation>송출 목록</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>로고</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgConfigDecklink</name>
     <message>
         <source>Hardware Configuration</source>
@@ -694,6 +705,40 @@ Split into Characters</source>
         <translation>송출 모드를 끝내려면 자동 송출을 먼저 정지하십시오.</translation>
     </message>
     <message>
+        <source>&amp;Play</source>
+        <translation>송출(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Play Mode
+Play Mode</source>
+        <translation>송출 모드
+송출 모드</translation>
+    </message>
+    <message>
+        <source>Open or close the play window
+Play Window</source>
+        <translation>송출 창을 열거나 닫습니다
+송출 창</translation>
+    </message>
+    <message>
+        <source>Erase output
+Erase Output
+Erase</source>
+        <translation>출력 지우기
+출력 지우기
+지우기</translation>
+    </message>
+    <message>
+        <source>Discard current page for play out.
+Discard</source>
+        <translation>현재 페이지를 송출에서 제외합니다.
+제외</translation>
+    </message>
+    <message>
+        <source>Play Out</source>
+        <translation>송출 목록</translation>
+    </message>
+    <message>
         <source>Project files (*.qrdprj);;All files (*)</source>
         <translation>프로젝트 파일 (*.qrdprj);;모든 파일 (*)</translation>
     </message>
@@ -925,6 +970,24 @@ Recovering from the last modification.</source>
     </message>
 </context>
 <context>
+    <name>orv::CPlayDlg</name>
+    <message>
+        <source> (discarded)</source>
+        <translation> (제외됨)</translation>
+    </message>
+    <message>
+        <source>Page %1</source>
+        <translation>%1 페이지</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPlayTextDlg</name>
+    <message>
+        <source>Page %1</source>
+        <translation>%1 페이지</translation>
+    </message>
+</context>
+<context>
     <name>orv::CProgramMonitor</name>
     <message>
         <source>Program Monitor</source>
@@ -949,6 +1012,112 @@ Recovering from the last modification.</source>
     <message>
         <source>Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)</source>
         <translation>그림 (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff)</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPropAuto</name>
+    <message>
+        <source>PROGRAM</source>
+        <translation>프로그램</translation>
+    </message>
+    <message>
+        <source>PREVIEW</source>
+        <translation>미리 보기</translation>
+    </message>
+    <message>
+        <source>Run (ENTER)</source>
+        <translation>실행 (ENTER)</translation>
+    </message>
+    <message>
+        <source>Stop (*)</source>
+        <translation>정지 (*)</translation>
+    </message>
+    <message>
+        <source>Erase (F12)</source>
+        <translation>지우기 (F12)</translation>
+    </message>
+    <message>
+        <source>Fast (+)</source>
+        <translation>빠르게 (+)</translation>
+    </message>
+    <message>
+        <source>Slow (-)</source>
+        <translation>느리게 (-)</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>시작:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>끝:</translation>
+    </message>
+    <message>
+        <source>Repeat:</source>
+        <translation>반복:</translation>
+    </message>
+    <message>
+        <source>MoveTo:</source>
+        <translation>이동:</translation>
+    </message>
+    <message>
+        <source>Ignore discarded</source>
+        <translation>제외 무시</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>수동</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>자동</translation>
+    </message>
+    <message>
+        <source>ON AIR: page %1</source>
+        <translation>송출 중: %1 페이지</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>깜박임</translation>
+    </message>
+    <message>
+        <source>Animation</source>
+        <translation>애니메이션</translation>
+    </message>
+    <message>
+        <source>Next: Animation</source>
+        <translation>다음: 애니메이션</translation>
+    </message>
+    <message>
+        <source>Next: Blink</source>
+        <translation>다음: 깜박임</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPropAutoA</name>
+    <message>
+        <source>Run</source>
+        <translation>실행</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>정지</translation>
+    </message>
+    <message>
+        <source>Erase</source>
+        <translation>지우기</translation>
+    </message>
+    <message>
+        <source>ON AIR</source>
+        <translation>송출 중</translation>
+    </message>
+    <message>
+        <source>PREVIEW</source>
+        <translation>미리 보기</translation>
+    </message>
+    <message>
+        <source>Page %1</source>
+        <translation>%1 페이지</translation>
     </message>
 </context>
 <context>

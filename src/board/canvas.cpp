@@ -33,44 +33,6 @@ void FillRow(uint32_t* canvas, int x, int y, uint32_t value, int n) {
     }
 }
 
-// The integer run between two points: ends swapped so that the driving axis
-// increases, error 2d - D, the end point included. put(x, y) per pixel.
-template <typename Put>
-void SlantRun(int x1, int y1, int x2, int y2, Put put) {
-    if (x1 == x2) {
-        if (y1 > y2) std::swap(y1, y2);
-        for (int y = y1; y <= y2; ++y)
-            put(x1, y);
-        return;
-    }
-    if (y1 == y2) {
-        if (x1 > x2) std::swap(x1, x2);
-        for (int x = x1; x <= x2; ++x)
-            put(x, y1);
-        return;
-    }
-    const int spanX = std::abs(x2 - x1), spanY = std::abs(y2 - y1);
-    const bool yDrives = spanX < spanY;
-    if (yDrives ? y1 > y2 : x1 > x2) {
-        std::swap(x1, x2);
-        std::swap(y1, y2);
-    }
-    const int big = yDrives ? spanY : spanX, small = yDrives ? spanX : spanY;
-    const int otherStep = yDrives ? (x2 > x1 ? 1 : -1) : (y2 > y1 ? 1 : -1);
-    int err = 2 * small - big;
-    int x = x1, y = y1;
-    for (int i = 0; i <= big; ++i) {
-        put(x, y);
-        if (err > 0) {
-            err += 2 * (small - big);
-            (yDrives ? x : y) += otherStep;
-        } else {
-            err += 2 * small;
-        }
-        (yDrives ? y : x) += 1;
-    }
-}
-
 }  // namespace
 
 void CanvasCopyRect(uint32_t* canvas, int dx, int dy, int srcStride, int srcX, int srcY, int w,
@@ -111,7 +73,7 @@ void CanvasFillLine(uint32_t* canvas, int x1, int y1, int x2, int y2, uint32_t v
 void CanvasCopySlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
                          int srcStride, const uint32_t* src) {
     if (!canvas || !src) return;
-    SlantRun(x1, y1, x2, y2, [&](int x, int y) {
+    ForSlantRun(x1, y1, x2, y2, [&](int x, int y) {
         *CanvasPixel(canvas, offX + x, offY + y) = src[static_cast<ptrdiff_t>(y) * srcStride + x];
     });
 }
@@ -119,8 +81,8 @@ void CanvasCopySlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int o
 void CanvasFillSlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
                          uint32_t value) {
     if (!canvas) return;
-    SlantRun(x1, y1, x2, y2,
-             [&](int x, int y) { *CanvasPixel(canvas, offX + x, offY + y) = value; });
+    ForSlantRun(x1, y1, x2, y2,
+                [&](int x, int y) { *CanvasPixel(canvas, offX + x, offY + y) = value; });
 }
 
 }  // namespace orv

@@ -3,8 +3,11 @@
 // the right edge and a row at the bottom. Transitions write into it with the
 // primitives below; the playout thread copies the view at the origin out.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <utility>
 
 namespace orv {
 
@@ -14,6 +17,59 @@ inline constexpr size_t CANVAS_PIXELS = static_cast<size_t>(CANVAS_SIZE) * CANVA
 
 inline uint32_t* CanvasPixel(uint32_t* canvas, int x, int y) {
     return canvas + (static_cast<size_t>(y & CANVAS_MASK) << 12) + (x & CANVAS_MASK);
+}
+
+// The integer run between two points that the slanted primitives draw: ends
+// swapped so that the driving axis increases, error 2d - D, the end point
+// included. Told as pieces along the rows: putRow(x1, x2, y), x1 <= x2, for
+// the pixels of one row that follow one another. Open to those who must know
+// which pixels a run takes without drawing it.
+template <typename PutRow>
+void ForSlantRows(int x1, int y1, int x2, int y2, PutRow putRow) {
+    if (x1 == x2) {
+        if (y1 > y2) std::swap(y1, y2);
+        for (int y = y1; y <= y2; ++y)
+            putRow(x1, x1, y);
+        return;
+    }
+    if (y1 == y2) {
+        putRow(std::min(x1, x2), std::max(x1, x2), y1);
+        return;
+    }
+    const int spanX = std::abs(x2 - x1), spanY = std::abs(y2 - y1);
+    const bool yDrives = spanX < spanY;
+    if (yDrives ? y1 > y2 : x1 > x2) {
+        std::swap(x1, x2);
+        std::swap(y1, y2);
+    }
+    const int big = yDrives ? spanY : spanX, small = yDrives ? spanX : spanY;
+    const int otherStep = yDrives ? (x2 > x1 ? 1 : -1) : (y2 > y1 ? 1 : -1);
+    int err = 2 * small - big;
+    int x = x1, y = y1, start = x1;
+    for (int i = 0; i <= big; ++i) {
+        if (yDrives) {
+            putRow(x, x, y);
+        } else if (err > 0 || i == big) {
+            putRow(start, x, y);
+            start = x + 1;
+        }
+        if (err > 0) {
+            err += 2 * (small - big);
+            (yDrives ? x : y) += otherStep;
+        } else {
+            err += 2 * small;
+        }
+        (yDrives ? y : x) += 1;
+    }
+}
+
+// The same run, put(x, y) per pixel.
+template <typename Put>
+void ForSlantRun(int x1, int y1, int x2, int y2, Put put) {
+    ForSlantRows(x1, y1, x2, y2, [&](int from, int to, int y) {
+        for (int x = from; x <= to; ++x)
+            put(x, y);
+    });
 }
 
 // The drawing primitives. Every target position wraps; a null canvas, an

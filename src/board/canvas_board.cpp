@@ -1,7 +1,5 @@
 #include "board/canvas_board.h"
 
-#include <cstdlib>
-
 #include "board/canvas.h"
 
 namespace orv {
@@ -15,12 +13,13 @@ CCanvasBoard::~CCanvasBoard() {
 }
 
 bool CCanvasBoard::AllocateCanvas() {
-    if (!m_pCanvas) m_pCanvas = static_cast<uint32_t*>(std::calloc(CANVAS_PIXELS, 4));
+    if (m_CanvasStore.empty()) m_CanvasStore = CPixelStore(CANVAS_PIXELS);
+    m_pCanvas = m_CanvasStore.data();
     return m_pCanvas != nullptr;
 }
 
 void CCanvasBoard::FreeCanvas() {
-    std::free(m_pCanvas);
+    m_CanvasStore = CPixelStore();
     m_pCanvas = nullptr;
 }
 

@@ -9,6 +9,7 @@
 #include "board/board_record.h"
 #include "board/decklink_pipeline.h"
 #include "board/gboard.h"
+#include "board/pixel_store.h"
 
 namespace orv {
 
@@ -47,7 +48,8 @@ protected:
     bool AllocateCanvas();
     void FreeCanvas();
 
-    uint32_t* m_pCanvas = nullptr;
+    CPixelStore m_CanvasStore;
+    uint32_t* m_pCanvas = nullptr;  // the store's pixels while the board is open
     CDecklinkPipeline m_Pipeline;
     UstBoardRecord m_Record;
 };

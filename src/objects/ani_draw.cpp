@@ -9,6 +9,7 @@
 
 #include "media/media_factory.h"
 #include "objects/ani_object.h"
+#include "objects/live_image.h"
 #include "render/object_image.h"
 #include "render/pixels.h"
 
@@ -99,6 +100,24 @@ void CQRDObjectAni::DrawTo(uint32_t* bits, int width, int height) {
     ScalePixelRect(scaled.data(), {0, 0, w, h}, m_pStill.get(),
                    {0, 0, m_nStillWidth, m_nStillHeight}, 2);
     DrawStraight(bits, width, height, scaled.data(), w, h, m_rcStored.left, m_rcStored.top);
+}
+
+void CQRDObjectAni::PrepareScrollImage(int32_t, int32_t) {
+    m_live.Reset();
+    const int w = m_rcStored.Width(), h = m_rcStored.Height();
+    if (!m_pStill || w <= 0 || h <= 0) return;
+    m_live.Allocate(w, h);
+    m_live.bStraight = true;
+    m_live.x = m_rcStored.left;
+    m_live.y = m_rcStored.top;
+    ScalePixelRect(m_live.pBlock.get(), {0, 0, w, h}, m_pStill.get(),
+                   {0, 0, m_nStillWidth, m_nStillHeight}, 2);
+    DropUnreachable(m_live);
+}
+
+void CQRDObjectAni::DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                             int bottom) {
+    DrawImageInStrip(m_live, bits, width, height, {left, top, right, bottom});
 }
 
 bool CQRDObjectAni::PreviewAnimation(const std::function<void(const UstRect&)>& flush) {

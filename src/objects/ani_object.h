@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "objects/qrd_object.h"
+#include "render/object_image.h"
 
 namespace orv {
 
@@ -73,6 +74,12 @@ public:
     // The still at full scale, for the page's thumbnail.
     void DrawTo(uint32_t* bits, int width, int height) override;
     void DrawForPlay(uint32_t*, int, int) override {}
+    // A scroll page has no live stage: its animations go by as their still.
+    void ResetLive(int32_t, int32_t) override { m_live.Reset(); }
+    void FreeLive() override { m_live.Reset(); }
+    void PrepareScrollImage(int32_t width, int32_t height) override;
+    void DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                  int bottom) override;
 
     void Serialize(CByteWriter& out) const;
     bool Deserialize(CByteReader& in);
@@ -112,6 +119,7 @@ private:
     std::unique_ptr<uint32_t[]> m_pScaled;  // straight, at the box's size in view units
     int m_nScaledWidth = 0, m_nScaledHeight = 0;
     std::unique_ptr<uint32_t[]> m_pStill;  // straight, at the file's frame size
+    ObjectImage m_live;                    // the still at the stored box, for a scroll run
 };
 
 }  // namespace orv

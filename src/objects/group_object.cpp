@@ -177,9 +177,10 @@ void CQRDObjectGroup::PrepareLiveFrame(int a, int b, int c, int d) {
         m->PrepareLiveFrame(a, b, c, d);
 }
 
-void CQRDObjectGroup::DrawLive(int a, int b, int c, int d, int e, int f, int g) {
+void CQRDObjectGroup::DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                               int bottom) {
     for (auto& m : m_listChild)
-        m->DrawLive(a, b, c, d, e, f, g);
+        m->DrawLive(bits, width, height, left, top, right, bottom);
 }
 
 UstPoint CQRDObjectGroup::GetLiveExtent() const {

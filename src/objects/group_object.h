@@ -45,7 +45,8 @@ public:
     void FreeLive() override;
     void PrepareScrollImage(int32_t w, int32_t h) override;
     void PrepareLiveFrame(int a, int b, int c, int d) override;
-    void DrawLive(int a, int b, int c, int d, int e, int f, int g) override;
+    void DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                  int bottom) override;
     UstPoint GetLiveExtent() const override;
 
     // Members join at the end of the drawing order.

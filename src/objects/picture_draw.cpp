@@ -2,6 +2,7 @@
 // the zoom and one at full scale, each kept until the picture changes.
 #include <QDir>
 
+#include "objects/live_image.h"
 #include "objects/picture_object.h"
 #include "render/image_file.h"
 #include "render/picture_image.h"
@@ -94,6 +95,24 @@ void CQRDObjectPicture::PrepareLiveFrame(int, int, int, int) {
     Render(m_prepared, m_rcStored.Width(), m_rcStored.Height(), 1.0f, 0);
     m_prepared.x += m_rcStored.left;
     m_prepared.y += m_rcStored.top;
+}
+
+// The same image as the page's own at full scale, so that the strips and the
+// edit canvas at zoom 100 agree to the pixel.
+void CQRDObjectPicture::PrepareScrollImage(int32_t, int32_t height) {
+    Render(m_prepared, m_rcStored.Width(), m_rcStored.Height(), 1.0f, height);
+    m_prepared.x += m_rcStored.left;
+    m_prepared.y += m_rcStored.top;
+    DropUnreachable(m_prepared);
+}
+
+void CQRDObjectPicture::DrawLive(uint32_t* bits, int width, int height, int left, int top,
+                                 int right, int bottom) {
+    DrawImageInStrip(m_prepared, bits, width, height, {left, top, right, bottom});
+}
+
+UstPoint CQRDObjectPicture::GetLiveExtent() const {
+    return LiveExtent(m_rcStored, LiveImageRect(m_prepared));
 }
 
 }  // namespace orv

@@ -37,7 +37,12 @@ public:
     void Draw() override;
     void DrawTo(uint32_t* bits, int width, int height) override;
     void PrepareLiveFrame(int, int, int, int) override;
+    void ResetLive(int32_t, int32_t) override { m_prepared.Reset(); }
     void FreeLive() override { m_prepared.Reset(); }
+    void PrepareScrollImage(int32_t width, int32_t height) override;
+    void DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                  int bottom) override;
+    UstPoint GetLiveExtent() const override;
 
     // Keying: the next click on the canvas picks the colour.
     void StartKeying() { m_bPicking = 1; }

@@ -101,11 +101,18 @@ public:
     virtual bool LoadStateDeep(CByteReader& in) { return LoadState(in, 0); }
     virtual void PickUpAttributes() {}
     virtual void PrepareBlinkFrame(int, int, int, int, int, float, float) {}
+    // The live state of a Roll or Crawl page's object: cleared when a run
+    // begins (with the frame's size), made whole by PrepareScrollImage, cut
+    // into strips by DrawLive, freed when the run ends. Kinds that draw
+    // nothing on air keep none.
     virtual void ResetLive(int32_t, int32_t) {}
     virtual void FreeLive() {}
     virtual void PrepareScrollImage(int32_t, int32_t) {}
     virtual void PrepareLiveFrame(int, int, int, int) {}
-    virtual void DrawLive(int, int, int, int, int, int, int) {}
+    // Draws what the object has inside the page area (left, top) to
+    // (right, bottom) into a strip of width x height pixels whose corner
+    // shows (left, top). Called from the strip thread.
+    virtual void DrawLive(uint32_t*, int, int, int, int, int, int) {}
     virtual UstPoint GetLiveExtent() const { return {m_rcStored.right, m_rcStored.bottom}; }
 
     // The text an object adds to its page's text list; only text has any.

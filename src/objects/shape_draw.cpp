@@ -2,6 +2,7 @@
 // size, zoom and angle, kept until something about the shape changes.
 #include <QPainter>
 
+#include "objects/live_image.h"
 #include "objects/shape_object.h"
 #include "render/fill_brush.h"
 #include "render/pixels.h"
@@ -67,6 +68,24 @@ void CQRDObjectShape::PrepareLiveFrame(int, int, int, int) {
     Render(m_prepared, m_rcStored.Width(), m_rcStored.Height(), 1.0f, 0);
     m_prepared.x += m_rcStored.left;
     m_prepared.y += m_rcStored.top;
+}
+
+// The same image as the page's own at full scale, so that the strips and the
+// edit canvas at zoom 100 agree to the pixel.
+void CQRDObjectShape::PrepareScrollImage(int32_t, int32_t height) {
+    Render(m_prepared, m_rcStored.Width(), m_rcStored.Height(), 1.0f, height);
+    m_prepared.x += m_rcStored.left;
+    m_prepared.y += m_rcStored.top;
+    DropUnreachable(m_prepared);
+}
+
+void CQRDObjectShape::DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                               int bottom) {
+    DrawImageInStrip(m_prepared, bits, width, height, {left, top, right, bottom});
+}
+
+UstPoint CQRDObjectShape::GetLiveExtent() const {
+    return LiveExtent(m_rcStored, LiveImageRect(m_prepared));
 }
 
 void CQRDObjectShape::DrawHandles(QPainter& painter) const {

@@ -69,6 +69,12 @@ public:
     void OnZoom() override;
     void Draw() override;
     void DrawTo(uint32_t* bits, int width, int height) override;
+    void ResetLive(int32_t width, int32_t height) override;
+    void FreeLive() override;
+    void PrepareScrollImage(int32_t width, int32_t height) override;
+    void DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                  int bottom) override;
+    UstPoint GetLiveExtent() const override;
     uint32_t GetStateSize() const override;
     bool LoadState(CByteReader& in, int flag) override;
     bool EndEdit() override;
@@ -214,6 +220,11 @@ private:
     bool m_bDirtyAll = true;
     ObjectImage m_pRotated;  // the whole text stacked and turned; unmade when stale
     int m_nRotatedAngle = 0;
+    // The live state of a scroll page's run: the layers at full scale, or
+    // the whole text as one image when it is turned, and where they draw.
+    std::vector<UstFES> m_liveGlyphs;
+    ObjectImage m_liveImage;
+    UstRect m_rcLive;
 };
 
 }  // namespace orv

@@ -137,6 +137,11 @@ public:
     void Attach(CPageDoc* doc, CPageView* view);
     int ExecCommand(const void* arg, uint32_t id, CQRDObject* target = nullptr);
     int SetEffectValue(const void* value, uint32_t id);
+    // What play control asks of a page before it takes it to air: a blinking
+    // object anywhere (groups included) asks for the blink; an animation on
+    // a Cut page with objects asks for the live stage.
+    bool HasBlinkObject() const;
+    bool HasAnimation() const;
     void Activate(bool keepBackground);
     void Deactivate();
     // The view's canvas changed size or zoom: take the new frame and redraw.
@@ -148,7 +153,8 @@ public:
     void Repaint();
     void UpdateThumbnail();
     // The page at full scale into a cleared block of w x h, as it would go
-    // to air: the background, then what each object draws for play.
+    // to air: the background, then what each object draws for play. A scroll
+    // page gives its first screen.
     void DrawToImage(uint32_t* bits, int w, int h);
     // A frame for play: the background into the fill (and the key, when
     // given), then the objects. The caller has cleared both.
@@ -173,6 +179,13 @@ public:
     void SetScrollX(int pos);
     bool IsScrollPage() const { return m_nPageType == 1 || m_nPageType == 2; }
     int GetStripCount(int* outPad, int w, int h) const;
+    // A Roll or Crawl run: every object's live state is cleared when it
+    // begins and freed when it ends; in between DrawForPlay makes it and
+    // DrawStrip cuts strip `index` (one frame of w x h, counted from the
+    // page's top or left) out of it, over what `bits` holds.
+    void BeginScroll(int w, int h);
+    void EndScroll();
+    void DrawStrip(int index, uint32_t* bits, int w, int h) const;
 
     // Pictures and backgrounds, as their commands do them: a picture from a
     // file, selected alone, or null when the file cannot be used.
@@ -260,6 +273,9 @@ public:
     float m_fScrollFrac = 0.0f;
 
 private:
+    // The background and every object's play drawing, as a Cut page goes
+    // to air.
+    void DrawFrame(uint32_t* bits, uint32_t* keyBits, int w, int h);
     void CopyViewFrame();
     int Tail();
     void Redraw(const UstRect& before);

@@ -120,6 +120,17 @@ void CPageManager::DrawBackgroundStep(const UstEnv& env) {
 
 void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h) {
     if (!bits || w <= 0 || h <= 0) return;
+    // A scroll page is longer than any frame: its objects make their live
+    // state here, and the strips are cut from it later.
+    if (IsScrollPage()) {
+        for (auto& o : m_objects)
+            o->PrepareScrollImage(w, h);
+        return;
+    }
+    DrawFrame(bits, keyBits, w, h);
+}
+
+void CPageManager::DrawFrame(uint32_t* bits, uint32_t* keyBits, int w, int h) {
     if (!IsScrollPage() && m_background.bPresent) {
         if (!m_background.HasPixels()) m_background.Reload(ObjectFolder());
         m_background.DrawForPlay(bits, keyBits, w, h);

@@ -65,7 +65,7 @@ void CPageManager::UpdateThumbnail() {
 void CPageManager::DrawToImage(uint32_t* bits, int w, int h) {
     if (!bits || w <= 0 || h <= 0) return;
     ClearPixels(bits, w, h);
-    DrawForPlay(bits, nullptr, w, h);
+    DrawFrame(bits, nullptr, w, h);
 }
 
 void CPageManager::RebuildPageText(bool measure) {
@@ -175,22 +175,6 @@ void CPageManager::SetScrollY(int pos) {
 
 void CPageManager::SetScrollX(int pos) {
     if (m_nPageType == 2) SetScroll(pos);
-}
-
-int CPageManager::GetStripCount(int* outPad, int w, int h) const {
-    if (m_objects.empty() || m_nPageType == 0 || w <= 0 || h <= 0) return 0;
-    int right = 0, bottom = 0;
-    for (const auto& o : m_objects) {
-        const UstPoint e = o->GetLiveExtent();
-        right = std::max(right, e.x);
-        bottom = std::max(bottom, e.y);
-    }
-    const bool crawl = m_nPageType == 2;
-    const int total = crawl ? right : bottom, unit = crawl ? w : h;
-    // A page that divides exactly still gets one strip more, on purpose.
-    const int count = total / unit + (static_cast<double>(total) / unit > 0.0 ? 1 : 0);
-    if (outPad) *outPad = 2048 - static_cast<int>((static_cast<int64_t>(unit) * count) % 2048);
-    return count;
 }
 
 }  // namespace orv

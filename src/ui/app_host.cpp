@@ -97,7 +97,9 @@ void CAppHost::ShowMainFrame() {
     m_pFrame->showMaximized();
 }
 
-void CAppHost::CreatePlayEngine() {}
+void CAppHost::CreatePlayEngine() {
+    m_pFrame->CreatePlayEngine();
+}
 
 bool CAppHost::ActiveProjectNeedsRecovery() {
     const CZevrantView* view = m_pFrame ? m_pFrame->ActiveView() : nullptr;

@@ -24,9 +24,11 @@
 #include "shell/app_object.h"
 #include "shell/frame_rules.h"
 #include "shell/settings_files.h"
+#include "ui/auto_dlg.h"
 #include "ui/child_frame.h"
 #include "ui/options_dialog.h"
 #include "ui/pane_dialogs.h"
+#include "ui/play_dlg.h"
 #include "ui/splash_screen.h"
 #include "ui/zevrant_doc.h"
 #include "ui/zevrant_view.h"
@@ -60,9 +62,13 @@ CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* bo
 }
 
 CMainFrame::~CMainFrame() {
-    // The engine, the automatic play-out window and the style lists join this
-    // order as they arrive; the settings are written last, and only here, so
-    // that a program that dies keeps those of its last proper exit.
+    // The list pane goes first, then the engine, while the board they use
+    // still stands. The style lists join this order as they arrive; the
+    // settings are written last, and only here, so that a program that dies
+    // keeps those of its last proper exit.
+    delete m_pAutoPane;
+    m_pAutoDlg = nullptr;
+    m_pPlayEngine.reset();
     DetachBoard();
     m_PreviewImage.clear();
     SaveDefaultAttr(m_folders.DataIni(), m_DefaultAttr);
@@ -138,6 +144,7 @@ void CMainFrame::CreateCommandBars() {
     CreateShapeMenu();
     CreateBoardMenu();
     CreateInsertMenu();
+    CreatePlayMenu();
     QToolBar* bar = addToolBar(tr("Standard"));
     bar->setObjectName("StandardBar");
     bar->addAction(options);
@@ -413,9 +420,10 @@ const QImage* CMainFrame::BackdropImage() {
 void CMainFrame::DispatchKey(const UstKeyInfo& key) {
     if (m_nPlayState == 0) {
         if (CZevrantView* view = ActiveView()) view->OnHotKey(key);
+        return;
     }
-    // In play states the key belongs to the automatic play-out window, which
-    // arrives with play control; until then it goes nowhere.
+    if (m_pAutoDlg && !m_pAutoDlg->IsBusy() && m_pBoard && ActivePageFitsBoard())
+        m_pAutoDlg->Auto()->OnKey(key.nVk);
 }
 
 void CMainFrame::RestartAutoSaveTimer() {
@@ -492,6 +500,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    if (m_nPlayState == 1) LeavePlayMode();
     m_nPlayState = 0;
     SaveInterfaceState();
     // Each project closes as its window would, asking what it must ask.

@@ -7,8 +7,10 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <vector>
 
+#include "playout/play_engine.h"
 #include "project/folders.h"
 #include "project/object_folder.h"
 #include "project/settings_records.h"
@@ -21,15 +23,18 @@ class QMenu;
 
 namespace orv {
 
+class CAutoDlg;
 class CGBoard;
+class CPageManager;
+class CPlayCellList;
 class CProgramMonitor;
 class CSplashScreenEx;
 class CZevrantDoc;
 class CZevrantView;
 
 // The main window: panes, status bar, command bars, settings in force, play
-// state, and the auto-save timer.
-class CMainFrame : public QMainWindow {
+// state, the play engine, and the auto-save timer.
+class CMainFrame : public QMainWindow, public IPlayHost {
     Q_OBJECT
 public:
     // board: the output board, or null; not owned.
@@ -72,6 +77,30 @@ public:
     Q_INVOKABLE void OnOutputFailure(const QString& output, const QString& reason);
 
     Q_INVOKABLE void OnPlayNotify(int what, int arg);
+
+    // Play mode. The engine is made once the window stands, and again when
+    // the output's format changes.
+    void CreatePlayEngine();
+    CPlayEngine* PlayEngine() const { return m_pPlayEngine.get(); }
+    CGBoard* Board() const { return m_pBoard; }
+    CAutoDlg* AutoDlg() const { return m_pAutoDlg; }
+    // "Play Mode" (777): in, or out unless automatic play runs.
+    void TogglePlayMode();
+    bool EnterPlayMode();
+    bool LeavePlayMode();
+    // "Erase Output" (781) and F12.
+    void EraseOutput();
+    // "Play Window" (780): the two list panes of play mode.
+    void TogglePlayWindow();
+    // A play key of edit mode, as the canvas passes it on.
+    void PlayKey(int vk);
+    // The board's format and the active page's agree: a 486 or 576-line mode
+    // for an SD page, 720 or 1080 lines for an HD one.
+    bool ActivePageFitsBoard() const;
+    // The engine's states, on this thread.
+    void OnPlayState(int state, int param);
+    void PostPlayState(int state, int param) override;
+    void SetPlayMode(int mode) override;
     Q_INVOKABLE void OnAttrChanged();
 
     static QString LayoutName(const char* base, uint16_t language);
@@ -142,6 +171,9 @@ private:
     void CreateTextMenu();
     void CreateShapeMenu();
     void CreateBoardMenu();
+    void CreatePlayMenu();
+    void SetRibbonEnabled(bool enabled);
+    std::vector<CPlayCellList*> PlayLists() const;
     void AttachBoard();
     void DetachBoard();
     void ShowModeName();
@@ -187,6 +219,11 @@ private:
     QString m_strWorkspace;
     QMenu* m_pRecentMenu = nullptr;
     ProjectFn m_fnRememberProject, m_fnWriteProjectIni;
+    std::unique_ptr<CPlayEngine> m_pPlayEngine;
+    CAutoDlg* m_pAutoDlg = nullptr;
+    QDockWidget* m_pAutoPane = nullptr;
+    QMenu* m_pPlayMenu = nullptr;
+    QAction* m_pPlayModeAction = nullptr;
 };
 
 }  // namespace orv

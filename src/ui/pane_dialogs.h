@@ -1,7 +1,8 @@
 #pragma once
-// The dialogs shown in the four docking panes. Their contents grow with the
-// features that fill them; for now each is an empty surface of its own class
-// so that the panes, their titles and their sizes are in place.
+// The dialogs shown in the docking panes of editing. Their contents grow with
+// the features that fill them; for now each is an empty surface of its own
+// class so that the panes, their titles and their sizes are in place. The
+// panes of play mode are in play_dlg.h.
 
 #include <QWidget>
 
@@ -20,18 +21,6 @@ public:
 };
 
 class CTextDlg : public CPaneDialog {  // "Outline": the pages' text
-    Q_OBJECT
-public:
-    using CPaneDialog::CPaneDialog;
-};
-
-class CPlayDlg : public CPaneDialog {  // "Play": shown in play mode
-    Q_OBJECT
-public:
-    using CPaneDialog::CPaneDialog;
-};
-
-class CPlayTextDlg : public CPaneDialog {  // "Text": shown in play mode
     Q_OBJECT
 public:
     using CPaneDialog::CPaneDialog;

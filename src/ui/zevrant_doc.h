@@ -66,6 +66,8 @@ public:
 
     // CProjectHost
     int PlayState() const override { return m_fnPlayState ? m_fnPlayState() : 0; }
+    // The play panes are open for as long as play mode lasts.
+    bool PlayPanelOpen() const override { return PlayState() != 0; }
     void PagesChanged() override {
         if (m_fnPagesChanged) m_fnPagesChanged();
     }

@@ -83,13 +83,20 @@ void CZevrantView::ShowPageStatus() {
 }
 
 void CZevrantView::OnHotKey(const UstKeyInfo& key) {
-    const CZevrantApp* app = CZevrantApp::Get();
     UstHotKeyContext ctx;
-    ctx.bHasBoard = app && app->m_pBoard != nullptr;
-    // Play control on the card arrives with the output board; until then a
-    // hot key has nothing to act on and is only swallowed.
+    ctx.bHasBoard = m_pFrame && m_pFrame->Board() != nullptr;
+    ctx.bPageFitsCard = m_pFrame && m_pFrame->ActivePageFitsBoard();
+    const CPlayEngine* engine = m_pFrame ? m_pFrame->PlayEngine() : nullptr;
+    ctx.bPlaying = engine && (engine->State() != PLAY_IDLE || engine->IsLocked());
     const UstHotKey hot = CanvasHotKey(key, ctx);
-    (void)hot;
+    if (hot.action == EHotKey::PLAY) m_pFrame->PlayKey(hot.nVk);
+    if (hot.action != EHotKey::MOVE_PAGE || !m_pDoc) return;
+    const int current = m_pDoc->Project().m_nCurPage, last = m_pDoc->Project().PageCount() - 1;
+    const int target = hot.nVk == vk::PRIOR  ? current - 1
+                       : hot.nVk == vk::NEXT ? current + 1
+                       : hot.nVk == vk::HOME ? 0
+                                             : last;
+    if (target >= 0 && target <= last) GoToPage(target);
 }
 
 void CZevrantView::OnAutoSave() {

@@ -113,6 +113,20 @@ void BuildSd(CProjectManager& project) {
     page->AddObject(Text("SD", 60, 60, 390));
 }
 
+// Three SD pages of one colour each, in by a cut, a second on air, out by
+// a fade: what a played file must show, page by page.
+void BuildPlay(CProjectManager& project) {
+    for (uint32_t colour : {0xFFE02020u, 0xFF20C020u, 0xFF2040E0u}) {
+        CPageManager* page = project.InsertPage(project.PageCount() - 1);
+        UstAttr attr = MakeDefaultAttr();
+        attr.fill[UstAttr::BODY].nType = 0;
+        attr.fill[UstAttr::BODY].clrSolid = colour;
+        page->AddObject(std::make_unique<CQRDObjectShape>(page, 1, UstRect{40, 40, 600, 440}, attr,
+                                                          MakeDefaultEffect()));
+        page->m_effect = {3, 10, 1, 0, 3, 10, 0, 1, 0, 0, 0};
+    }
+}
+
 }  // namespace
 
 QString MakeProjectFolder(const QString& folder, CProjectManager& project) {
@@ -139,10 +153,9 @@ std::vector<QString> WriteSampleProjects(const QString& root) {
         void (*build)(CProjectManager&);
     };
     static const UstSample SAMPLES[] = {
-        {"empty", 1920, 1080, nullptr},
-        {"demo", 1920, 1080, BuildDemo},
-        {"pages", 1920, 1080, BuildPages},
-        {"sd", 640, 480, BuildSd},
+        {"empty", 1920, 1080, nullptr},    {"demo", 1920, 1080, BuildDemo},
+        {"pages", 1920, 1080, BuildPages}, {"sd", 640, 480, BuildSd},
+        {"play", 640, 480, BuildPlay},
     };
     std::vector<QString> files;
     for (const UstSample& s : SAMPLES) {
