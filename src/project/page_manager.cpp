@@ -403,7 +403,7 @@ int CPageManager::SetEffectValue(const void* value, uint32_t id) {
     return 1;
 }
 
-void CPageManager::Activate(bool keepBackground) {
+void CPageManager::Activate(bool keepBackground, const std::vector<const CQRDObject*>& kept) {
     if (m_pView) {
         m_pView->SetPageType(m_nPageType, true);
         CopyViewFrame();
@@ -412,6 +412,7 @@ void CPageManager::Activate(bool keepBackground) {
     m_selection.clear();
     if (!keepBackground) ReloadBackground();
     for (auto& o : m_objects) {
+        if (std::find(kept.begin(), kept.end(), o.get()) != kept.end()) continue;
         o->OnZoom();
         o->AfterLoad();
     }

@@ -142,7 +142,9 @@ public:
     // a Cut page with objects asks for the live stage.
     bool HasBlinkObject() const;
     bool HasAnimation() const;
-    void Activate(bool keepBackground);
+    // Objects in `kept` are the page's own from before, already sized for
+    // the view: they keep the layers they have drawn.
+    void Activate(bool keepBackground, const std::vector<const CQRDObject*>& kept = {});
     void Deactivate();
     // The view's canvas changed size or zoom: take the new frame and redraw.
     void OnViewResized();
@@ -299,7 +301,7 @@ private:
     int ResetKey();
     int PasteIntoEditedText(const QMimeData* mime);
     bool ReadFlatPage(CByteReader& in, bool clone);
-    void KeepUnchanged(std::vector<std::unique_ptr<CQRDObject>>& loaded);
+    std::vector<const CQRDObject*> KeepUnchanged(std::vector<std::unique_ptr<CQRDObject>>& loaded);
     int CutSelection(QMimeData* mime);
     void DrawBackgroundStep(const UstEnv& env);
     void ReloadBackground();

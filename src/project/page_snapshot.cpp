@@ -110,7 +110,7 @@ void CPageManager::SerializeSnapshot(CArchiveIn& ar) {
     auto objects = ar.ReadObjectList();
 
     m_selection.clear();
-    KeepUnchanged(objects);
+    const std::vector<const CQRDObject*> kept = KeepUnchanged(objects);
     for (auto& o : m_objects)
         if (o && m_pDoc) m_pDoc->ObjectRemoved(o.get());
     m_objects = std::move(objects);
@@ -126,7 +126,7 @@ void CPageManager::SerializeSnapshot(CArchiveIn& ar) {
     for (auto& o : m_objects)
         if (o->m_pPage != this) o->Attach(this);
     if (m_bActive) {
-        Activate(false);
+        Activate(false, kept);
         DrawHandles();
         if (m_pView) m_pView->Repaint();
     } else if (m_background.bPresent) {
@@ -138,17 +138,22 @@ void CPageManager::SerializeSnapshot(CArchiveIn& ar) {
     SetModified(true);
 }
 
-void CPageManager::KeepUnchanged(std::vector<std::unique_ptr<CQRDObject>>& loaded) {
+std::vector<const CQRDObject*> CPageManager::KeepUnchanged(
+    std::vector<std::unique_ptr<CQRDObject>>& loaded) {
     // An undo usually changes one object: the others stay as they are, with
     // the layers they have drawn, instead of being drawn anew.
+    std::vector<const CQRDObject*> kept;
     const size_t n = std::min(loaded.size(), m_objects.size());
     for (size_t i = 0; i < n; ++i) {
         if (m_objects[i]->GetType() != loaded[i]->GetType() || m_objects[i]->IsEditing()) continue;
         CByteWriter now, then;
         m_objects[i]->SaveStateDeep(now);
         loaded[i]->SaveStateDeep(then);
-        if (now.Bytes() == then.Bytes()) loaded[i] = std::move(m_objects[i]);
+        if (now.Bytes() != then.Bytes()) continue;
+        loaded[i] = std::move(m_objects[i]);
+        kept.push_back(loaded[i].get());
     }
+    return kept;
 }
 
 uint32_t CPageManager::GetFlatSize() const {

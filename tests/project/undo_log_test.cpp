@@ -105,6 +105,23 @@ TEST_F(UndoLog, UndoStopsAtTheOldestSnapshotKept) {
     EXPECT_EQ(FirstLeft(), 10);
 }
 
+// The objects an undo leaves alone keep their drawn layers; the canvas must
+// still be what a page drawn from nothing shows.
+TEST_F(UndoLog, AnUndoDrawsWhatAFreshPageDraws) {
+    AddBox(0);
+    AddBox(300);
+    const std::vector<uint32_t> before = view.canvas;
+    Cur().SelectOnly(Cur().Objects().front().get());
+    Nudge(200);
+    ASSERT_NE(view.canvas, before);
+    ASSERT_EQ(project.Undo(), 1);
+    EXPECT_EQ(view.canvas, before);
+    for (const auto& o : Cur().Objects())
+        o->ReleaseCache();
+    Cur().Activate(false);
+    EXPECT_EQ(view.canvas, before);
+}
+
 TEST_F(UndoLog, ANewPageGoesBackAfterItsEditAndComesBackWithANewIdentity) {
     ASSERT_EQ(project.ExecCommand(nullptr, CMD_NEW_PAGE), 1);
     ASSERT_EQ(project.PageCount(), 2);
