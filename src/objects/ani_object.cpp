@@ -119,4 +119,11 @@ bool CQRDObjectAni::LoadStateBody(CByteReader& in, int) {
     return true;
 }
 
+void CQRDObjectAni::RelinkMedia(const MediaRename& rename) {
+    const QString file = rename(m_strFile);
+    if (file == m_strFile) return;
+    m_strFile = file;
+    FreeStill();
+}
+
 }  // namespace orv

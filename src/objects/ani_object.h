@@ -53,6 +53,7 @@ struct UstAniPlay {
 
 class CQRDObjectAni : public CQRDObject {
 public:
+    void RelinkMedia(const MediaRename& rename) override;
     CQRDObjectAni() = default;
     CQRDObjectAni(CPageContext* page, const QString& file, const UstRect& stored);
     ~CQRDObjectAni() override;

@@ -280,4 +280,9 @@ bool CQRDObjectGroup::Deserialize(CByteReader& in, const MemberReader& readMembe
     return true;
 }
 
+void CQRDObjectGroup::RelinkMedia(const MediaRename& rename) {
+    for (auto& m : m_listChild)
+        m->RelinkMedia(rename);
+}
+
 }  // namespace orv

@@ -16,6 +16,7 @@ constexpr uint32_t CMD_UNGROUP = 210;
 
 class CQRDObjectGroup : public CQRDObject {
 public:
+    void RelinkMedia(const MediaRename& rename) override;
     CQRDObjectGroup() = default;
     explicit CQRDObjectGroup(CPageContext* page) : CQRDObject(page) {}
     ~CQRDObjectGroup() override;

@@ -152,4 +152,12 @@ bool CQRDObjectPicture::LoadStateBody(CByteReader& in, int) {
     return true;
 }
 
+void CQRDObjectPicture::RelinkMedia(const MediaRename& rename) {
+    const QString file = rename(m_strFile);
+    if (file == m_strFile) return;
+    m_strFile = file;
+    m_source = {};
+    m_bSourceTried = false;
+}
+
 }  // namespace orv

@@ -20,6 +20,7 @@ enum EPictureCommand : uint32_t {
 
 class CQRDObjectPicture : public CQRDObject {
 public:
+    void RelinkMedia(const MediaRename& rename) override;
     CQRDObjectPicture() = default;
     // A picture of the named file in the page's object folder, whose source
     // is sourceWidth x sourceHeight; its box stands at the page's origin.

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 
 #include "objects/byte_stream.h"
 #include "objects/page_context.h"
@@ -116,6 +117,12 @@ public:
 
     // The text an object adds to its page's text list; only text has any.
     virtual QString GetPlainText() const { return {}; }
+
+    // Objects that show a media file by its name in the object folder take
+    // the name the rename gives them: a paste into another project has put
+    // a copy there.
+    using MediaRename = std::function<QString(const QString&)>;
+    virtual void RelinkMedia(const MediaRename&) {}
 
     // The class name a project file records for the object, which says how
     // its file form is written and read; null for a class that never

@@ -231,7 +231,9 @@ void CQRDObjectText::InsertChars(const std::vector<UstCharAttr>& chars) {
     AfterChange(before);
 }
 
-void CQRDObjectText::InsertString(const QString& text) {
+namespace {
+
+std::vector<uint32_t> TypableCodes(const QString& text) {
     std::vector<uint32_t> codes;
     const QList<uint> ucs = text.toUcs4();
     for (qsizetype i = 0; i < ucs.size(); ++i) {
@@ -244,7 +246,21 @@ void CQRDObjectText::InsertString(const QString& text) {
             codes.push_back(c == '\t' ? CHAR_SPACE : c);
         }
     }
+    return codes;
+}
+
+}  // namespace
+
+void CQRDObjectText::InsertString(const QString& text) {
+    const std::vector<uint32_t> codes = TypableCodes(text);
     InsertText(codes.data(), static_cast<int>(codes.size()));
+}
+
+void CQRDObjectText::SetPlainText(const QString& text) {
+    std::vector<UstCharAttr> chars;
+    for (uint32_t code : TypableCodes(text))
+        chars.push_back(TypedCharAttr(code));
+    SetChars(std::move(chars));
 }
 
 // ---- deleting ----

@@ -111,6 +111,9 @@ public:
     // Text that comes in as a string: pasted or confirmed. Line feeds end
     // lines, other control characters go.
     void InsertString(const QString& text);
+    // The whole text replaced by plain characters in the working look, as
+    // if typed; carriage returns and line feeds end lines.
+    void SetPlainText(const QString& text);
 
     // The input method: start, the running composition replaced, the result
     // confirmed, the end (with nothing confirmed it is a cancel).

@@ -27,6 +27,11 @@ void Collect(const std::vector<std::unique_ptr<CQRDObject>>& objects, float sx, 
 }  // namespace
 
 CQRDObjectAni* CPageManager::InsertAnimation(const QString& source) {
+    auto animation = MakeAnimation(source);
+    return animation ? static_cast<CQRDObjectAni*>(InsertNew(std::move(animation))) : nullptr;
+}
+
+std::unique_ptr<CQRDObjectAni> CPageManager::MakeAnimation(const QString& source) {
     if (!m_pDoc || !m_pDoc->FileLinks() || source.isEmpty()) return nullptr;
     // Opened before anything is copied: a file no source reads leaves no trace.
     const std::unique_ptr<MediaPlayer> player = CreateMediaPlayer(source);
@@ -37,7 +42,7 @@ CQRDObjectAni* CPageManager::InsertAnimation(const QString& source) {
     auto animation =
         std::make_unique<CQRDObjectAni>(this, name, UstRect{0, 0, info->nWidth, info->nHeight});
     animation->TakeStillFrame(*player);
-    return static_cast<CQRDObjectAni*>(InsertNew(std::move(animation)));
+    return animation;
 }
 
 int CPageManager::AnimationProperties(const void* repeat) {

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "project/canvas_overlays.h"
+#include "project/clipboard_formats.h"
 #include "project/thumb_file.h"
 
 namespace orv {
@@ -181,6 +182,10 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
             return GroupSelection() ? 1 : 0;
         case CMD_UNGROUP:
             return UngroupSelection();
+        case CMD_CUT:
+            return CutSelection(static_cast<QMimeData*>(const_cast<void*>(arg)));
+        case CMD_PASTE:
+            return PasteIntoEditedText(static_cast<const QMimeData*>(arg));
         default:
             return IsEffectCommand(id) ? LookCommand(arg, id) : 0;
     }
@@ -398,7 +403,7 @@ int CPageManager::SetEffectValue(const void* value, uint32_t id) {
     return 1;
 }
 
-void CPageManager::Activate(bool keepBackground) {
+void CPageManager::Activate(bool keepBackground, const std::vector<const CQRDObject*>& kept) {
     if (m_pView) {
         m_pView->SetPageType(m_nPageType, true);
         CopyViewFrame();
@@ -407,6 +412,7 @@ void CPageManager::Activate(bool keepBackground) {
     m_selection.clear();
     if (!keepBackground) ReloadBackground();
     for (auto& o : m_objects) {
+        if (std::find(kept.begin(), kept.end(), o.get()) != kept.end()) continue;
         o->OnZoom();
         o->AfterLoad();
     }
@@ -521,6 +527,8 @@ bool CPageManager::SelectedIsEditing() const {
 
 bool CPageManager::CanCopy() const {
     if (m_selection.empty()) return false;
+    const CQRDObjectText* edited = EditedText();
+    if (edited && edited->HasSelection()) return true;
     return std::none_of(m_selection.begin(), m_selection.end(),
                         [](const CQRDObject* o) { return o->IsEditing(); });
 }

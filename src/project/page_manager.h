@@ -14,6 +14,8 @@
 #include "project/page_host.h"
 #include "project/page_records.h"
 
+class QMimeData;
+
 namespace orv {
 
 enum EPageCommand : uint32_t {
@@ -97,6 +99,41 @@ public:
     void EnsureThumbFile();
     QString ThumbPath() const;
 
+    // The undo form: the page without version words, blink or typing
+    // settings. Loading replaces the objects and brings the page up to
+    // date; it throws on damage and then leaves the page as it was.
+    void SerializeSnapshot(CArchiveOut& ar) const;
+    void SerializeSnapshot(CArchiveIn& ar);
+
+    // The flat record of the page clipboard: a fixed part and each
+    // object's deep state. Reading answers false, with the page untouched,
+    // on anything it cannot use; the background named is only looked for
+    // by FindPastedBackground, once the page belongs to its project.
+    uint32_t GetFlatSize() const;
+    void WriteFlat(CByteWriter& out) const;
+    bool ReadFlat(CByteReader& in);
+    // The same for a private copy: the background taken as it stands and
+    // objects read in their deep form.
+    bool ReadFlatClone(CByteReader& in);
+    // The background of a pasted page: looked for in the folder the page
+    // came from, then as a plain name; found, it is copied into this
+    // project, else the page has none.
+    void FindPastedBackground(const QString& sourceFolder);
+
+    // Objects from the object format onto this page, on top and selected
+    // when it is the page on the canvas; media of another project's folder
+    // copied into this one. The count added: 0, with the page untouched,
+    // when the block cannot be used.
+    int AddObjectsFromFlat(const std::vector<uint8_t>& block, const QString& sourceFolder,
+                           bool activePage);
+    // A new text of the characters, line feeds dropped; false for nothing.
+    bool AddTextFromClipboard(const QString& text, bool activePage);
+    // The selection in the object format; false when nothing can be copied.
+    bool CopySelection(QMimeData& mime) const;
+    // After a paste: text list, thumbnail, modified; a page off the canvas
+    // lets go of its caches.
+    void FinishPaste(bool activePage);
+
     void Attach(CPageDoc* doc, CPageView* view);
     int ExecCommand(const void* arg, uint32_t id, CQRDObject* target = nullptr);
     int SetEffectValue(const void* value, uint32_t id);
@@ -105,7 +142,9 @@ public:
     // a Cut page with objects asks for the live stage.
     bool HasBlinkObject() const;
     bool HasAnimation() const;
-    void Activate(bool keepBackground);
+    // Objects in `kept` are the page's own from before, already sized for
+    // the view: they keep the layers they have drawn.
+    void Activate(bool keepBackground, const std::vector<const CQRDObject*>& kept = {});
     void Deactivate();
     // The view's canvas changed size or zoom: take the new frame and redraw.
     void OnViewResized();
@@ -157,6 +196,9 @@ public:
     // size with its first frame as the still, selected alone; null when no
     // source reads the file.
     CQRDObjectAni* InsertAnimation(const QString& source);
+    // The same objects made, with their media copied, but not yet placed.
+    std::unique_ptr<CQRDObjectPicture> MakePicture(const QString& source);
+    std::unique_ptr<CQRDObjectAni> MakeAnimation(const QString& source);
     // The play count of the selected animation.
     int AnimationProperties(const void* repeat);
     // One entry for each animation of the page, groups included, whose file
@@ -227,6 +269,7 @@ public:
     int32_t m_bModified = 0;
     int32_t m_bActive = 0;
     QString m_strPageText;
+    uint32_t m_nIdentity = 0;  // how the undo log knows the page; given by the project
     int32_t m_nScrollHalf = 0;
     int32_t m_nScrollHalves = 2;
     float m_fScrollFrac = 0.0f;
@@ -256,6 +299,10 @@ private:
     int StartKeying();
     int PictureCommand(const void* arg, uint32_t id);
     int ResetKey();
+    int PasteIntoEditedText(const QMimeData* mime);
+    bool ReadFlatPage(CByteReader& in, bool clone);
+    std::vector<const CQRDObject*> KeepUnchanged(std::vector<std::unique_ptr<CQRDObject>>& loaded);
+    int CutSelection(QMimeData* mime);
     void DrawBackgroundStep(const UstEnv& env);
     void ReloadBackground();
     // The selection with every group opened down to its members.
@@ -281,5 +328,10 @@ private:
     std::vector<uint32_t> m_underlay;
     bool m_bUnderlayValid = false;
 };
+
+// Objects of a flat block, all or none: empty when a kind does not exist,
+// a state does not read whole, or the count claims more than the bytes hold.
+std::vector<std::unique_ptr<CQRDObject>> ReadFlatObjects(CByteReader& in, uint32_t count,
+                                                         CPageContext* page, bool deep, int flag);
 
 }  // namespace orv

@@ -16,6 +16,11 @@ QString CPageManager::ObjectFolder() const {
 }
 
 CQRDObjectPicture* CPageManager::InsertPicture(const QString& source) {
+    auto picture = MakePicture(source);
+    return picture ? static_cast<CQRDObjectPicture*>(InsertNew(std::move(picture))) : nullptr;
+}
+
+std::unique_ptr<CQRDObjectPicture> CPageManager::MakePicture(const QString& source) {
     if (!m_pDoc || !m_pDoc->FileLinks() || !IsImageExtension(source)) return nullptr;
     // Decoded before anything is copied: a damaged file leaves no trace.
     UstPixelImage image = LoadImageFile(source);
@@ -26,7 +31,7 @@ CQRDObjectPicture* CPageManager::InsertPicture(const QString& source) {
     auto picture = std::make_unique<CQRDObjectPicture>(this, name, image.width, image.height,
                                                        MakeDefaultAttr(), MakeDefaultEffect());
     picture->SetSource(std::move(image));
-    return static_cast<CQRDObjectPicture*>(InsertNew(std::move(picture)));
+    return picture;
 }
 
 int CPageManager::InsertBackground(const QString& source) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "project/clipboard_formats.h"
 #include "project/project_manager.h"
 #include "render/image_file.h"
 
@@ -44,6 +45,16 @@ int CProjectManager::ExecCommand(const void* arg, uint32_t id) {
             return LeaveCanvas();
         case CMD_BACKGROUND_TO_ALL:
             return arg ? BackgroundToAll(*static_cast<const QString*>(arg)) : 0;
+        case CMD_COPY:
+            return arg ? CopyPages(-1, *static_cast<QMimeData*>(const_cast<void*>(arg))) : 0;
+        case CMD_CUT:
+            return arg ? CutPages(*static_cast<QMimeData*>(const_cast<void*>(arg))) : 0;
+        case CMD_PASTE:
+            return arg ? Paste(*static_cast<const QMimeData*>(arg)) : 0;
+        case CMD_UNDO:
+            return Undo();
+        case CMD_REDO:
+            return Redo();
         default:
             return 0;
     }
@@ -61,6 +72,7 @@ int CProjectManager::NewPage(const int* afterIndex) {
         if (i >= index) ++i;
     PageClicked(index, true);
     SetProjectModified();
+    m_pUndo->PushPage(*page, UNDO_PAGES_ADDED);
     StatusChanged();
     return 1;
 }
@@ -91,23 +103,17 @@ int CProjectManager::DeletePages() {
     std::sort(doomed.begin(), doomed.end());
     doomed.erase(std::unique(doomed.begin(), doomed.end()), doomed.end());
     if (doomed.empty()) return 0;
+    if (m_pCurPage) m_pCurPage->EndTextEdit();
+    std::vector<const CPageManager*> pages;
+    for (int i : doomed)
+        pages.push_back(GetPage(i));
+    // Before anything goes: undo brings the pages back from this record.
+    m_pUndo->PushPages(pages, UNDO_PAGES_REMOVED);
     const int old = m_nCurPage;
-    const bool currentGoes = std::binary_search(doomed.begin(), doomed.end(), old);
     for (auto it = doomed.rbegin(); it != doomed.rend(); ++it)
         RemovePage(*it);
-    m_aSelPages.clear();
-    if (currentGoes || !m_pCurPage) {
-        m_nCurPage = -1;
-        if (!m_aPages.empty()) PageClicked(std::min(old, PageCount() - 1), true);
-    } else {
-        // The current page stayed; pages before it may have gone.
-        const auto it = std::find_if(m_aPages.begin(), m_aPages.end(),
-                                     [this](const auto& p) { return p.get() == m_pCurPage; });
-        m_nCurPage = static_cast<int>(it - m_aPages.begin());
-    }
+    SettleCurrent(old);
     SetProjectModified();
-    if (m_pHost) m_pHost->PagesChanged();
-    StatusChanged();
     return 1;
 }
 
@@ -169,6 +175,8 @@ int CProjectManager::BackgroundToAll(const QString& source) {
             page->TakeBackgroundFile(name);
     }
     SetProjectModified();
+    // The backgrounds given cannot be taken back page by page.
+    m_pUndo->Clear();
     if (m_pHost) m_pHost->PagesChanged();
     return 1;
 }

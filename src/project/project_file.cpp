@@ -214,6 +214,7 @@ int CProjectManager::LoadProjectBytes(const QByteArray& bytes, const QString& fo
     m_nCurPage = -1;
     m_pEditObject = nullptr;
     m_aPages = std::move(loaded.pages);
+    m_pUndo->Clear();
     SetFrame(loaded.header.nWidth, loaded.header.nHeight);
     SetFolder(folder);
     m_nPageCount = static_cast<int32_t>(m_aPages.size());

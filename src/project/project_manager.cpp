@@ -2,7 +2,8 @@
 
 namespace orv {
 
-CProjectManager::CProjectManager(int frameWidth, int frameHeight) {
+CProjectManager::CProjectManager(int frameWidth, int frameHeight)
+    : m_pUndo(std::make_unique<CUndoLog>(this, 1024, 20)) {
     SetFrame(frameWidth, frameHeight);
 }
 
@@ -33,9 +34,17 @@ void CProjectManager::AttachAll(CPageView* view) {
         for (auto& page : m_aPages)
             page->Attach(this, view);
     }
+    std::vector<const CPageManager*> all;
+    for (auto& page : m_aPages) {
+        Identify(*page);
+        all.push_back(page.get());
+    }
     m_nCurPage = -1;
     m_pCurPage = nullptr;
     GoToPage(0);
+    // The anchor that the first edit of every page falls back to.
+    m_pUndo->Clear();
+    m_pUndo->PushPages(all, UNDO_BASE);
 }
 
 CPageManager* CProjectManager::InsertPage(int afterIndex) {
@@ -43,6 +52,7 @@ CPageManager* CProjectManager::InsertPage(int afterIndex) {
     const int at = afterIndex < 0 ? 0 : std::min(afterIndex + 1, PageCount());
     auto page = std::make_unique<CPageManager>(this, m_pView);
     CPageManager* raw = page.get();
+    Identify(*raw);
     m_aPages.insert(m_aPages.begin() + at, std::move(page));
     if (m_nCurPage >= at) ++m_nCurPage;
     if (m_pCurPage) m_pCurPage->Activate(false);

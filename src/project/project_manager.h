@@ -9,6 +9,9 @@
 
 #include "project/object_folder.h"
 #include "project/page_manager.h"
+#include "project/undo_log.h"
+
+class QMimeData;
 
 namespace orv {
 
@@ -104,6 +107,38 @@ public:
     QString Folder() const { return m_strFolder; }
     QString DataFolder() const override;
 
+    // Undo and redo; a running text edit is committed first, and nothing
+    // happens outside the edit state.
+    CUndoLog& UndoLog() { return *m_pUndo; }
+    bool CanUndo() const;
+    bool CanRedo() const;
+    int Undo();
+    int Redo();
+    // The page of the undo identity, with its index; null when it is gone.
+    CPageManager* FindPage(uint32_t identity, int* index) const;
+    // After pages went: the current page if it stayed, else the page now at
+    // the old index, else the last; with none left, the empty state.
+    void SettleCurrent(int oldIndex);
+    // Pages the log brought back or changed, shown as a page click would.
+    void ShowRestoredPage(int index);
+    void ShowPage(int index);
+    void PanelsChanged() {
+        if (m_pHost) m_pHost->PagesChanged();
+    }
+
+    // The clipboard. Copy and cut of pages fill the mime data; a paste reads
+    // it: pages, objects or text onto the pages, or files. Each answers 0
+    // when it did nothing, and a paste whose data cannot be used adds
+    // nothing and leaves no undo record.
+    int CopyPages(int index, QMimeData& mime) const;
+    int CutPages(QMimeData& mime);
+    int PastePages(int afterIndex, const QMimeData& mime);
+    int PasteObjects(const QMimeData& mime);
+    // Pictures and animations from files onto the pages; with a point,
+    // their corner stands there on the page at the zoom.
+    int PasteFiles(const QStringList& files, const UstPoint* at = nullptr);
+    int Paste(const QMimeData& mime);
+
     // Storing: the bytes of the header, which go at offset 0, and of the
     // page list, which go at offset 128. Objects of a kind no file can hold
     // throw std::logic_error.
@@ -130,7 +165,7 @@ public:
     int ThumbWidth() const override { return m_nThumbWidth; }
     int ThumbHeight() const override { return m_nThumbHeight; }
     void SetProjectModified() override { m_bModified = 1; }
-    void PushUndo(CPageManager&, int) override {}
+    void PushUndo(CPageManager& page, int kind) override;
     void RefreshPreviewList() override {}
     void RefreshTextList() override {}
     void ObjectRemoved(CQRDObject* object) override;
@@ -167,6 +202,11 @@ private:
     int RemovePageFromSelection(int index);
     int LeaveCanvas();
     int BackgroundToAll(const QString& source);
+    void Identify(CPageManager& page) { page.m_nIdentity = ++m_nLastIdentity; }
+    std::vector<int> CopiedPageIndices(int index) const;
+    std::vector<CPageManager*> PasteTargets() const;
+    void FinishTargets(const std::vector<CPageManager*>& targets);
+    std::vector<std::unique_ptr<CPageManager>> ReadPageBlock(const std::vector<uint8_t>& block);
     int PlayState() const { return m_pHost ? m_pHost->PlayState() : 0; }
     void StatusChanged() {
         if (m_pHost) m_pHost->PageStatusChanged();
@@ -178,6 +218,8 @@ private:
     QString m_strObjectFolder;
     CFileLinkTable* m_pFileLinks = nullptr;
     CFileLinkTable m_ownLinks;
+    uint32_t m_nLastIdentity = 0;
+    std::unique_ptr<CUndoLog> m_pUndo;
 };
 
 }  // namespace orv

@@ -133,6 +133,7 @@ void CMainFrame::CreateCommandBars() {
     file->addSeparator();
     QAction* exit = file->addAction(tr("E&xit"), this, &QWidget::close);
     exit->setShortcut(QKeySequence::Quit);
+    CreateEditMenu();
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     QAction* options = tools->addAction(tr("&Options..."), this, &CMainFrame::ShowOptions);
     options->setData(CMD_OPTIONS);

@@ -144,7 +144,13 @@ public:
     void SetWorkspace(const QString& workspace) { m_strWorkspace = workspace; }
     QString Workspace() const { return m_strWorkspace; }
 
+    // The Edit menu's actions enabled as the active project allows while
+    // the menu shows; once it is closed all are, so that their keys reach
+    // the commands, which keep the same rules.
+    void UpdateEditActions(bool menuShown);
+
     int m_nPlayState = 0;
+    bool m_bPageFocus = false;  // the page thumbnails hold the focus
     float m_fZoom = 100.0f;
     int m_nCanvasMode = 0;
     int m_nShapeKind = 0;  // what shape mode draws
@@ -160,6 +166,7 @@ private:
     void CreateStatusBar();
     void CreateCommandBars();
     void CreateArrangeMenu();
+    void CreateEditMenu();
     void CreatePageMenu();
     void CreateTextMenu();
     void CreateShapeMenu();

@@ -31,6 +31,7 @@ CZevrantView::CZevrantView(CMainFrame* frame, CZevrantDoc* doc, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setMinimumSize(160, 120);
+    setAcceptDrops(true);
     m_wndVScroll->setObjectName("scroll100");
     m_wndHScroll->setObjectName("scroll101");
     for (QScrollBar* bar : {m_wndVScroll, m_wndHScroll}) {

@@ -49,6 +49,12 @@ public:
     // A page command from a menu; answers what the page answered.
     int PageCommand(uint32_t id, const void* arg = nullptr);
 
+    // Undo, redo, cut, copy and paste of the Edit menu: with the focus on
+    // the page thumbnails copy and cut take pages, else the selected
+    // objects; a paste takes whatever the clipboard holds. Only in the edit
+    // state; answers what the command answered.
+    int EditCommand(uint32_t id);
+
     // Plays the one selected animation through once on the canvas; false
     // when none is selected or its file gives no source.
     bool PreviewAnimation();
@@ -102,6 +108,9 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void wheelEvent(QWheelEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     enum class EDrag { NONE, SIZE, ROTATE, MOVE, BAND, CREATE, ADJUST };
