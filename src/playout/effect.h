@@ -10,14 +10,18 @@
 // the engine proper. The page draws into the bare buffers, so no drawing
 // contexts are kept beside them.
 
+#include <QString>
+
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
 
 #include "board/gboard.h"
+#include "media/media_player.h"
 #include "playout/auto_event.h"
 #include "playout/worker_thread.h"
 #include "render/frame_ring.h"
@@ -40,11 +44,24 @@ struct UstStepStats {
     int nLateStrips = 0;
     int nStripsRendered = 0;
     int64_t nLongestStripNs = 0;
+    // The blink: pixel copies into the canvas and hops of the origin.
+    int nBlinkCopies = 0;
+    int nBlinkHops = 0;
+    // The live stage: frames sent, and frames where an active animation's
+    // ring was empty, so that its last frame stood again.
+    int nLiveFrames = 0;
+    int nEmptyRings = 0;
 };
+
+// Blink periods in frames by the page's blink speed; 0 for a speed that
+// has no period (and must not reach the air).
+int BlinkPeriod(int speed);
 
 enum EWorkerKind : int { WORKER_STRIP = 0, WORKER_ANIMATION = 1 };
 
 class Effect {
+    friend class CLiveStage;
+
 public:
     Effect(CGBoard* board, uint32_t* bufferA, uint32_t* bufferB, int width, int height);
     virtual ~Effect();
@@ -108,11 +125,19 @@ public:
     uint32_t* m_pBufferB2 = nullptr;
     // The animations of a live page, one element each.
     int32_t m_nAnimCount = 0;
+    std::vector<std::unique_ptr<MediaPlayer>> m_pAnimPlayer;
+    // The last frame each animation read well, which stands in for a frame
+    // that a damaged file cannot give (the feeder's own).
+    std::vector<int32_t> m_pAnimGood;
     std::vector<int32_t> m_pAnimFrame;
-    std::vector<int32_t> m_pAnimActive;
+    // Cleared by the drawing thread when an animation ends, read by the feeder.
+    std::unique_ptr<std::atomic<int32_t>[]> m_pAnimActive;
     std::vector<std::unique_ptr<FrameRing>> m_pAnimRing;
     std::unique_ptr<CWorkerThread> m_hAnimThread;
     std::unique_ptr<CAutoEvent> m_hAnimEvent;
+    // How the live stage opens an animation file: by its extension, unless a
+    // test puts a source of its own here before the stage.
+    std::function<std::unique_ptr<MediaPlayer>(const QString&)> m_fnOpenPlayer;
 
     // A worker's pieces of waiting before its owner waits without limit.
     static constexpr std::chrono::milliseconds WORKER_WAIT{3000};

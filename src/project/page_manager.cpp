@@ -383,6 +383,9 @@ int CPageManager::SetEffectValue(const void* value, uint32_t id) {
             break;
         case 785: {
             const auto* b = static_cast<const UstPageBlink*>(value);
+            // A speed of 0 would blink without waiting: refused here, before
+            // it could reach the air.
+            if (b->nSpeed < BLINK_SPEED_MIN || b->nSpeed > BLINK_SPEED_MAX) return 0;
             if (std::memcmp(b, &m_blink, sizeof m_blink) != 0) m_blink = *b;
             break;
         }

@@ -119,9 +119,10 @@ public:
     // to air: the background, then what each object draws for play. A scroll
     // page gives its first screen.
     void DrawToImage(uint32_t* bits, int w, int h);
-    // A frame for play: the background into the fill (and the key, when
-    // given), then the objects. The caller has cleared both.
-    void DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h);
+    // A frame for play: the background, then the objects, into buffer A;
+    // with buffer B, the same page without its blinking parts (or with them
+    // in the blink colour) into B as well. The caller has cleared both.
+    void DrawForPlay(uint32_t* bits, uint32_t* blinkBits, int w, int h);
     void RebuildPageText(bool measure);
     void SetModified(bool modified);
     void PushUndo(int kind);
@@ -234,7 +235,7 @@ public:
 private:
     // The background and every object's play drawing, as a Cut page goes
     // to air.
-    void DrawFrame(uint32_t* bits, uint32_t* keyBits, int w, int h);
+    void DrawFrame(uint32_t* bits, uint32_t* blinkBits, int w, int h);
     void CopyViewFrame();
     int Tail();
     void Redraw(const UstRect& before);

@@ -38,6 +38,8 @@ static_assert(sizeof(UstPageTyping) == 12);
 
 #pragma pack(pop)
 
+constexpr int32_t BLINK_SPEED_MIN = 1, BLINK_SPEED_MAX = 10;
+
 inline UstPageEffect MakeDefaultPageEffect() {
     return {3, 4, 1, 0, 2, 4, 0, 0, 0, 0, 0};
 }
