@@ -204,6 +204,10 @@ void Effect::PrepareNextStrip() {
     m_Stats.nLongestStripNs = std::max(m_Stats.nLongestStripNs, ns);
 }
 
+bool Effect::AnimThreadIdle() const {
+    return !m_hAnimEvent || m_hAnimEvent->HasIdleWaiter();
+}
+
 bool Effect::StripThreadIdle() const {
     return !m_hStripEvent || m_hStripEvent->HasIdleWaiter();
 }

@@ -44,13 +44,21 @@ struct UstStepStats {
     int nLateStrips = 0;
     int nStripsRendered = 0;
     int64_t nLongestStripNs = 0;
+};
+
+// What the last blink and the last live stage did; a transition leaves
+// them alone. Written by the drawing thread; read once the stage is over.
+struct UstLiveStats {
     // The blink: pixel copies into the canvas and hops of the origin.
     int nBlinkCopies = 0;
     int nBlinkHops = 0;
-    // The live stage: frames sent, and frames where an active animation's
-    // ring was empty, so that its last frame stood again.
+    // The live stage: frames sent, frames where an active animation's ring
+    // was empty (so its last frame stood again), and the time each main
+    // loop frame took to compose, when kept.
     int nLiveFrames = 0;
     int nEmptyRings = 0;
+    bool bKeepTimes = false;
+    std::vector<int64_t> composeTimes;
 };
 
 // Blink periods in frames by the page's blink speed; 0 for a speed that
@@ -92,9 +100,12 @@ public:
 
     // No strip thread, or the strip thread waits with nothing asked of it.
     bool StripThreadIdle() const;
+    // No animation feeder, or the feeder waits with its rings topped up.
+    bool AnimThreadIdle() const;
 
     const UstStepStats& Stats() const { return m_Stats; }
     UstStepStats& Stats() { return m_Stats; }
+    UstLiveStats& LiveStats() { return m_LiveStats; }
 
     CGBoard* m_pBoard = nullptr;
     std::unique_ptr<CBoardChannel> m_pChannel;
@@ -154,6 +165,7 @@ protected:
     int EndWorker(int kind);
 
     UstStepStats m_Stats;
+    UstLiveStats m_LiveStats;
     // Held by the strip thread while it renders, and by PrepareStrips: a new
     // pass waits for a strip still being rendered from the last one.
     std::mutex m_StripMutex;

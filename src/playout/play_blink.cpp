@@ -22,20 +22,20 @@ void EffectDecklink::RunBlink(int* request, CPageManager* page, int endless) {
     if (!m_pChannel || !CanDraw() || period < 1 || 2 * m_nWidth > m_nCanvasWidth) return;
     const int64_t limit =
         int64_t{request ? LoadRequestWord(request, REQ_IN_DELAY) : 0} * 1000;
-    m_Stats.nBlinkCopies = m_Stats.nBlinkHops = 0;
+    m_LiveStats.nBlinkCopies = m_LiveStats.nBlinkHops = 0;
     m_bBlinking.store(1, std::memory_order_relaxed);
     int x = 0, y = 0;
     m_pChannel->GetOrigin(x, y);
     const int x2 = (x + m_nWidth) % m_nCanvasWidth;
     m_pChannel->CopyRect(x2, y, m_nWidth, 0, 0, m_nWidth, m_nHeight, m_pBufferB);
-    ++m_Stats.nBlinkCopies;
+    ++m_LiveStats.nBlinkCopies;
     int phase = 1;
     for (int64_t elapsed = 0; endless || elapsed <= limit; elapsed += BLINK_FRAME_MS * period) {
         for (int f = 0; f < period && m_bBlinking.load(std::memory_order_relaxed); ++f)
             m_pChannel->WaitFrame();
         if (!m_bBlinking.load(std::memory_order_relaxed)) break;
         m_pChannel->SetOrigin(phase == 1 ? x : x2, y);
-        ++m_Stats.nBlinkHops;
+        ++m_LiveStats.nBlinkHops;
         phase ^= 1;
     }
     m_bBlinking.store(0, std::memory_order_relaxed);

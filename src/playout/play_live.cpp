@@ -90,7 +90,7 @@ void EffectDecklink::RunLive(int kind, CPageManager* page, int endless) {
 }
 
 void CLiveStage::Run() {
-    m_e.m_Stats.nLiveFrames = m_e.m_Stats.nEmptyRings = 0;
+    m_e.m_LiveStats.nLiveFrames = m_e.m_LiveStats.nEmptyRings = 0;
     m_e.m_bAnimating.store(1, std::memory_order_relaxed);
     m_e.m_pChannel->GetOrigin(m_x, m_y);
     if (Open()) {
@@ -192,7 +192,7 @@ void CLiveStage::Show() {
     m_e.m_pChannel->WaitFrame();
     m_e.m_pChannel->CopyRect(m_x, m_y, m_e.m_nWidth, 0, 0, m_e.m_nWidth, m_e.m_nHeight,
                              m_compose.data());
-    ++m_e.m_Stats.nLiveFrames;
+    ++m_e.m_LiveStats.nLiveFrames;
 }
 
 void CLiveStage::FadeIn() {
@@ -225,7 +225,7 @@ void CLiveStage::MainLoop() {
                 continue;
             }
             if (!TakeFrame(i, true)) {
-                ++m_e.m_Stats.nEmptyRings;
+                ++m_e.m_LiveStats.nEmptyRings;
                 Blend(a, 255);
                 continue;
             }
@@ -239,8 +239,7 @@ void CLiveStage::MainLoop() {
         const int64_t ns = std::chrono::duration_cast<std::chrono::nanoseconds>(
                                std::chrono::steady_clock::now() - start)
                                .count();
-        m_e.m_Stats.nLongestSubStepNs = std::max(m_e.m_Stats.nLongestSubStepNs, ns);
-        if (m_e.m_Stats.bKeepTimes) m_e.m_Stats.subStepTimes.push_back(ns);
+        if (m_e.m_LiveStats.bKeepTimes) m_e.m_LiveStats.composeTimes.push_back(ns);
         m_e.m_hAnimEvent->Set();
         Show();
     }

@@ -7,6 +7,7 @@
 #include <random>
 #include <thread>
 
+#include "objects/ani_object.h"
 #include "play_rig.h"
 
 namespace orv {
@@ -81,8 +82,8 @@ TEST(PlaySingle, BlinkingAndAnimatedPagesRestInTheirStage) {
     CPageManager* blink = rig.AddPage(RED, CutFade());
     blink->AddObject(std::make_unique<test::CBlinkObject>(UstRect{0, 0, 8, 8}, BLUE));
     CPageManager* live = rig.AddPage(GREEN, CutFade());
-    live->AddObject(
-        std::make_unique<test::CRectObject>(UstRect{0, 0, 8, 8}, BLUE, false, OBJ_ANIMATION));
+    // An animation whose file is gone: the live stage has nothing to play.
+    live->AddObject(std::make_unique<CQRDObjectAni>(nullptr, "gone.ani32", UstRect{0, 0, 8, 8}));
     EXPECT_TRUE(blink->HasBlinkObject());
     EXPECT_FALSE(blink->HasAnimation());
     EXPECT_TRUE(live->HasAnimation());
@@ -98,7 +99,16 @@ TEST(PlaySingle, BlinkingAndAnimatedPagesRestInTheirStage) {
         ASSERT_TRUE(rig.Settle({PLAY_ON, 0}));
         EXPECT_EQ(rig.engine->State(), stage);
         rig.engine->Key(PLAYKEY_RUN);
+        ASSERT_TRUE(rig.log.WaitFor({stage, 0}));
+        if (stage == PLAY_BLINK) {
+            // The blink goes on until the next Run.
+            for (int i = 0; i < 5000 && !rig.engine->IsBlinking(); ++i)
+                std::this_thread::sleep_for(1ms);
+            EXPECT_TRUE(rig.engine->IsBlinking());
+            rig.engine->Key(PLAYKEY_RUN);
+        }
         ASSERT_TRUE(rig.Settle({stage, 0}));
+        EXPECT_FALSE(rig.engine->IsBlinking());
         EXPECT_EQ(rig.engine->State(), PLAY_OUT);
         rig.engine->Key(PLAYKEY_RUN);
         ASSERT_TRUE(rig.Settle({PLAY_GONE, 1}));
@@ -304,6 +314,20 @@ TEST(PlayAuto, RepeatThreeOnTwoPagesPlaysSixPagesWithBothDelays) {
     EXPECT_EQ(rig.log.Modes(2), (std::vector<int>{2, 1}));
     EXPECT_EQ(rig.log.Posts().front(), (UstPost{0, 1}));
     EXPECT_TRUE(rig.AirIs(0));
+}
+
+// 35 frames of 16 ms count 560 ms a phase: two seconds end after the
+// fourth, whatever the frames really take; the delay itself is not waited.
+TEST(PlayAuto, BlinkingPageBlinksForItsInDelayAlone) {
+    UstAutoRig rig;
+    CPageManager* page = rig.AddTimed(RED, 2, 0);
+    page->AddObject(std::make_unique<test::CBlinkObject>(UstRect{0, 0, 8, 8}, BLUE));
+    rig.engine->Key(PLAYKEY_RUN);
+    ASSERT_TRUE(rig.Settle({PLAY_IDLE, 0}));
+    EXPECT_EQ(rig.log.Count(PLAY_BLINK), 1);
+    EXPECT_EQ(rig.engine->GetEffect().LiveStats().nBlinkHops, 4);
+    EXPECT_EQ(rig.engine->GetEffect().LiveStats().nBlinkCopies, 1);
+    EXPECT_EQ(rig.pieces, 0);
 }
 
 TEST(PlayAuto, RepeatZeroKeepsItsPassesEndless) {
