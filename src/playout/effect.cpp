@@ -188,6 +188,8 @@ void Effect::StripThreadMain() {
 // ready only when it is finished.
 void Effect::PrepareNextStrip() {
     std::lock_guard lock(m_StripMutex);
+    // A wake-up with no page of strips (the worker's own tests) has nothing to do.
+    if (m_nStrips < 1) return;
     const int prepared = m_nPrepared.load(std::memory_order_relaxed);
     if (prepared != m_nStrip.load(std::memory_order_acquire) || prepared == m_nStrips - 1) return;
     const int next = (prepared + 1) % m_nStrips;

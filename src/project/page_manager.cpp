@@ -138,6 +138,16 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
         }
         case CMD_PAGE_TYPE:
             return SetPageType(arg);
+        case CMD_BLINK:
+        case CMD_TYPING: {
+            // The marks of the selection change on the canvas.
+            const int result = SetEffectValue(arg, id);
+            if (result) Redraw(SelectionWindowRect());
+            return result;
+        }
+        case CMD_BLINK_PROPERTIES:
+        case CMD_TYPING_PROPERTIES:
+            return SetEffectValue(arg, id);
         case CMD_FONT_FACE:
         case CMD_FONT_SIZE:
         case CMD_TEXT_WIDTH:

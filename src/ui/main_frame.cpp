@@ -141,6 +141,7 @@ void CMainFrame::CreateCommandBars() {
     CreatePageMenu();
     CreateTextMenu();
     CreateShapeMenu();
+    CreateLiveMenu();
     CreateBoardMenu();
     CreateInsertMenu();
     CreatePlayMenu();
