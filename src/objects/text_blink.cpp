@@ -95,4 +95,30 @@ void CQRDObjectText::PrepareBlinkFrame(uint32_t* bits, int width, int height, in
     DrawPlayGlyphs(bits, width, height, glyphs, extent);
 }
 
+void CQRDObjectText::DrawForPlay(uint32_t* bits, int width, int height) {
+    if (m_nPlayShown < 0) {
+        DrawTo(bits, width, height);
+        return;
+    }
+    if (!bits || m_arrChar.empty() || width <= 0 || height <= 0) return;
+    UstTextExtent extent;
+    std::vector<UstFES> glyphs = PlayGlyphs(extent);
+    for (size_t i = static_cast<size_t>(m_nPlayShown); i < glyphs.size(); ++i)
+        for (UstLayerBlock& layer : glyphs[i].pLayer)
+            layer.reset();
+    DrawPlayGlyphs(bits, width, height, glyphs, extent);
+}
+
+UstRect CQRDObjectText::TypedRect(int from, int to) {
+    if (m_nAngle % 360 != 0) return {0, 0, 1 << 20, 1 << 20};
+    UstTextExtent extent;
+    const std::vector<UstFES> glyphs = PlayGlyphs(extent);
+    UstRect area;
+    for (int i = std::max(from, 0); i < to && i < static_cast<int>(glyphs.size()); ++i) {
+        const UstFES& g = glyphs[static_cast<size_t>(i)];
+        if (g.Rendered()) area = UnionRect(area, {g.x, g.y, g.x + g.w, g.y + g.h});
+    }
+    return area;
+}
+
 }  // namespace orv

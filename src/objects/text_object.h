@@ -69,6 +69,12 @@ public:
     void DrawTypingMark() override;
     void PrepareBlinkFrame(uint32_t* bits, int width, int height, int mode,
                            uint32_t colour) override;
+    // Typed on air: only the first m_nPlayShown characters go to the frame
+    // (all of them while it is below 0), in the whole text's layout.
+    void DrawForPlay(uint32_t* bits, int width, int height) override;
+    // The frame pixels that characters from..to - 1 cover, shadows included;
+    // a turned text answers a rectangle over the whole frame.
+    UstRect TypedRect(int from, int to);
     QString GetName() const override { return m_strName; }
     QString GetPlainText() const override;
     bool Execute(const void* args, uint32_t code) override;
@@ -153,6 +159,7 @@ public:
     UstAttr m_attr{};
     float m_fStoreX = 0, m_fStoreY = 0;
     int32_t m_bTyping = 0;
+    int32_t m_nPlayShown = -1;
     int32_t m_nCompLen = 0;
     int32_t m_nCompStart = 0;
     int32_t m_nCompCursor = 0;  // where the input method shows its cursor

@@ -135,6 +135,7 @@ void Effect::Stop() {
     m_bRunning.store(0, std::memory_order_relaxed);
     m_bBlinking.store(0, std::memory_order_relaxed);
     m_bAnimating.store(0, std::memory_order_relaxed);
+    m_bTyping.store(0, std::memory_order_relaxed);
 }
 
 bool Effect::CanDraw() const {

@@ -25,6 +25,7 @@
 #include "playout/auto_event.h"
 #include "playout/worker_thread.h"
 #include "render/frame_ring.h"
+#include "render/geometry.h"
 
 namespace orv {
 
@@ -98,6 +99,16 @@ public:
     virtual void Reserved4() {}
     virtual void Stop();
 
+    // Typed-on text. HideTyping brings the page's typing texts to air empty
+    // (before it is rendered); TypeStep shows the next character or line
+    // and answers true once all is shown; RunTyping shows them all, one
+    // after the other at the page's delay, and at once when m_bTyping is
+    // cleared; ShowAllTyped shows whatever is left at once.
+    static void HideTyping(CPageManager& page);
+    bool TypeStep(CPageManager& page);
+    void RunTyping(CPageManager& page);
+    void ShowAllTyped(CPageManager& page);
+
     // No strip thread, or the strip thread waits with nothing asked of it.
     bool StripThreadIdle() const;
     // No animation feeder, or the feeder waits with its rings topped up.
@@ -117,6 +128,7 @@ public:
     std::atomic<int32_t> m_bRunning{0};
     std::atomic<int32_t> m_bBlinking{0};
     std::atomic<int32_t> m_bAnimating{0};
+    std::atomic<int32_t> m_bTyping{0};
     // The roll or crawl in progress.
     CPageManager* m_pPage = nullptr;
     int32_t m_nStrips = 0;  // strips of the page, plus the blank one
@@ -175,6 +187,8 @@ private:
     void AnimThreadMain();
     void PrepareNextStrip();
     void EndOneWorker(int kind, int& timeouts);
+    // The page again in buffer A, and the rectangle of it on air.
+    void ShowTyped(CPageManager& page, const UstRect& area);
 };
 
 }  // namespace orv

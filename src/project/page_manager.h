@@ -104,6 +104,9 @@ public:
     // object anywhere (groups included) asks for the blink; an animation on
     // a Cut page with objects asks for the live stage.
     bool HasBlinkObject() const;
+    bool HasTypingObject() const;
+    // The texts with the typing flag, head to tail, groups included.
+    std::vector<CQRDObjectText*> TypingTexts() const;
     bool HasAnimation() const;
     void Activate(bool keepBackground);
     void Deactivate();

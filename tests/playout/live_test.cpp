@@ -18,7 +18,10 @@
 #include "project/page_manager.h"
 #include "render/pixels.h"
 #include "support/ani_files.h"
+#include "objects/text_object.h"
+#include "play_rig.h"
 #include "support/rect_object.h"
+#include "support/text_host.h"
 #include "transition_rig.h"
 
 namespace orv {
@@ -405,6 +408,104 @@ TEST(Live, DamagedFileRepeatsItsLastGoodFrame) {
     ASSERT_EQ(frames, 9 + 6 + 9);
     for (int f = 0; f < 6; ++f)
         EXPECT_EQ(seen[9 + f], BlendPixel(PAGE, expected[static_cast<size_t>(f)])) << f;
+}
+
+// ---- Typed-on text ------------------------------------------------------
+
+// A page of one colour with "ab", a line end and "c" typed on it in 20-point
+// white, and the engine over a board that turns its own frames.
+struct UstTypingRig : test::UstPlayRig {
+    UstTypingRig() {
+        host.defaults.font.nSize = 20;
+        host.working = host.defaults;
+        context.host = &host;
+        context.width = W;
+        context.height = H;
+        auto text = std::make_unique<CQRDObjectText>(&context);
+        text->BeginEdit(10, 6, false);
+        text->InsertString("ab\nc");
+        text->EndEdit();
+        text->SetTyping(1);
+        page = AddPage(PAGE, test::Request(EFFECT_CUT, 10, false, EFFECT_CUT, 10, true));
+        typed = static_cast<CQRDObjectText*>(page->AddObject(std::move(text)));
+        engine->SetPage(page);
+    }
+    // The frame as the page draws it with the first `shown` characters.
+    std::vector<uint32_t> Reference(int shown) {
+        std::vector<uint32_t> frame(static_cast<size_t>(W) * H, 0u);
+        const int32_t playing = typed->m_nPlayShown;
+        typed->m_nPlayShown = shown;
+        page->DrawForPlay(frame.data(), nullptr, W, H);
+        typed->m_nPlayShown = playing;
+        return frame;
+    }
+    // Run, and the step it started has ended.
+    void RunAndSettle() {
+        const int before = log.Count(PLAY_ON) + log.Count(PLAY_GONE);
+        const std::vector<uint32_t> air = Air();
+        engine->Key(PLAYKEY_RUN);
+        for (int i = 0; i < 2000 && !engine->IsLocked() && Air() == air &&
+                        log.Count(PLAY_ON) + log.Count(PLAY_GONE) == before;
+             ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        for (int i = 0; i < 2000 && engine->IsLocked(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+
+    test::CFakeTextHost host;
+    test::CFakeContext context;
+    CPageManager* page = nullptr;
+    CQRDObjectText* typed = nullptr;
+};
+
+// Manual, by character: the page comes on without the text, each Run shows
+// one character more (the line end goes with the "c"), and the air always
+// equals the page drawn whole with that many characters: what is written
+// each step covers all that changed, and nothing else moved.
+TEST(Typing, ManualByCharacterShowsOneCharacterPerRun) {
+    UstTypingRig rig;
+    rig.RunAndSettle();
+    ASSERT_EQ(rig.engine->State(), PLAY_TYPING);
+    EXPECT_TRUE(rig.AirIs(PAGE));
+    const int stops[] = {1, 2, 4};
+    std::vector<uint32_t> last = rig.Air();
+    for (int stop : stops) {
+        rig.RunAndSettle();
+        const std::vector<uint32_t> air = rig.Air();
+        EXPECT_TRUE(air == rig.Reference(stop)) << stop;
+        EXPECT_GT(test::CountDifferent(air, last), 0) << stop;
+        last = air;
+    }
+    EXPECT_EQ(rig.engine->State(), PLAY_OUT);
+    EXPECT_EQ(rig.typed->m_nPlayShown, -1);
+    rig.RunAndSettle();
+    EXPECT_EQ(rig.engine->State(), PLAY_IDLE);
+}
+
+// By line, "ab" and its line end come first, then "c"; Stop in between
+// shows the rest at once.
+TEST(Typing, ByLineAndStopShowingAllAtOnce) {
+    UstTypingRig rig;
+    rig.page->m_typing.nOrder = 1;
+    rig.RunAndSettle();
+    rig.RunAndSettle();
+    EXPECT_TRUE(rig.Air() == rig.Reference(3));
+    rig.engine->Key(PLAYKEY_STOP);
+    EXPECT_TRUE(rig.Air() == rig.Reference(-1));
+    EXPECT_EQ(rig.engine->State(), PLAY_IDLE);
+    EXPECT_EQ(rig.typed->m_nPlayShown, -1);
+}
+
+// Automatic, the characters follow each other at the delay (30 ms, two
+// frames of 16 ms) within the in step; the page then rests on air whole.
+TEST(Typing, AutomaticTypesAllAtTheDelay) {
+    UstTypingRig rig;
+    rig.page->m_typing.nMode = 1;
+    rig.page->m_typing.nSpeed = 0;
+    rig.RunAndSettle();
+    ASSERT_TRUE(rig.Settle({PLAY_ON, 0}));
+    EXPECT_TRUE(rig.Air() == rig.Reference(-1));
+    EXPECT_EQ(rig.engine->State(), PLAY_OUT);
 }
 
 }  // namespace
