@@ -44,8 +44,7 @@ void CQRDObject::PrepareBlinkFrame(uint32_t* bits, int width, int height, int mo
     std::vector<uint32_t> alone(static_cast<size_t>(width) * height, 0u);
     DrawForPlay(alone.data(), width, height);
     TintPixels(alone.data(), alone.size(), colour);
-    BlendPixelRect(bits, width, {0, 0, width, height}, alone.data(), width,
-                   {0, 0, width, height});
+    BlendPixelRect(bits, width, {0, 0, width, height}, alone.data(), width, {0, 0, width, height});
 }
 
 }  // namespace orv

@@ -32,13 +32,13 @@ void CQRDObjectText::DrawBlinkMark() {
     for (size_t i = 0; i < n; ++i) {
         if (!m_arrChar[i].bBlink || !m_arrGlyph[i].Rendered()) continue;
         const UstRect r = Offset(m_arrGlyph[i].rcStroke, -s.x, -s.y);
-        HatchOnCanvas(m_pPage, QPolygonF(QRectF(r.ToQRect())), BLINK_MARK_HATCH,
-                      BLINK_MARK_COLOUR);
+        HatchOnCanvas(m_pPage, QPolygonF(QRectF(r.ToQRect())), BLINK_MARK_HATCH, BLINK_MARK_COLOUR);
     }
 }
 
 void CQRDObjectText::DrawTypingMark() {
-    if (m_pPage && m_bTyping) HatchOnCanvas(m_pPage, HitPolygon(), TYPING_MARK_HATCH, TYPING_MARK_COLOUR);
+    if (m_pPage && m_bTyping)
+        HatchOnCanvas(m_pPage, HitPolygon(), TYPING_MARK_HATCH, TYPING_MARK_COLOUR);
 }
 
 std::vector<UstFES> CQRDObjectText::PlayGlyphs(UstTextExtent& extent) {
@@ -62,8 +62,7 @@ void CQRDObjectText::DrawPlayGlyphs(uint32_t* bits, int width, int height,
     QImage canvas = WrapBlock(bits, width, height);
     if (m_nAngle % 360 == 0) {
         QPainter painter(&canvas);
-        DrawTextLayers(m_arrChar.data(), CharCount(), glyphs, painter, QPoint(0, 0),
-                       canvas.rect());
+        DrawTextLayers(m_arrChar.data(), CharCount(), glyphs, painter, QPoint(0, 0), canvas.rect());
         return;
     }
     ObjectImage image;

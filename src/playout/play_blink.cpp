@@ -20,8 +20,7 @@ constexpr int64_t BLINK_FRAME_MS = 16;
 void EffectDecklink::RunBlink(int* request, CPageManager* page, int endless) {
     const int period = page ? BlinkPeriod(page->m_blink.nSpeed) : 0;
     if (!m_pChannel || !CanDraw() || period < 1 || 2 * m_nWidth > m_nCanvasWidth) return;
-    const int64_t limit =
-        int64_t{request ? LoadRequestWord(request, REQ_IN_DELAY) : 0} * 1000;
+    const int64_t limit = int64_t{request ? LoadRequestWord(request, REQ_IN_DELAY) : 0} * 1000;
     m_LiveStats.nBlinkCopies = m_LiveStats.nBlinkHops = 0;
     m_bBlinking.store(1, std::memory_order_relaxed);
     int x = 0, y = 0;

@@ -58,9 +58,7 @@ private:
     void FadeIn();
     void MainLoop();
     void FadeOut();
-    void StartCompose() {
-        std::memcpy(m_compose.data(), m_e.m_pBufferA, m_compose.size() * 4);
-    }
+    void StartCompose() { std::memcpy(m_compose.data(), m_e.m_pBufferA, m_compose.size() * 4); }
     // Takes the next frame from the ring; false when it was empty. The fade
     // in holds the first frame: it gives the block back only from the main
     // loop on.
@@ -123,8 +121,8 @@ bool CLiveStage::Open() {
 // What cannot play drops out silently: no source for the file, or nothing
 // of the object inside the frame.
 bool CLiveStage::OpenOne(const UstAniPlay& entry) {
-    auto player = m_e.m_fnOpenPlayer ? m_e.m_fnOpenPlayer(entry.strFile)
-                                     : CreateMediaPlayer(entry.strFile);
+    auto player =
+        m_e.m_fnOpenPlayer ? m_e.m_fnOpenPlayer(entry.strFile) : CreateMediaPlayer(entry.strFile);
     if (!player || !player->IsOpen()) return false;
     const UstMediaInfo info = *player->GetInfo();
     const UstRect full = entry.rcTarget;
@@ -132,8 +130,7 @@ bool CLiveStage::OpenOne(const UstAniPlay& entry) {
                          std::min(full.right, m_e.m_nWidth), std::min(full.bottom, m_e.m_nHeight)};
     const int64_t area = int64_t{full.Width()} * full.Height();
     if (info.nFrames < 1 || info.nWidth < 1 || info.nHeight < 1 || target.Width() <= 0 ||
-        target.Height() <= 0 ||
-        area > LIVE_MAX_TARGET_FRAMES * m_e.m_nWidth * m_e.m_nHeight)
+        target.Height() <= 0 || area > LIVE_MAX_TARGET_FRAMES * m_e.m_nWidth * m_e.m_nHeight)
         return false;
     UstLiveAnim a;
     a.rcFull = full;

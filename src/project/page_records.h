@@ -53,7 +53,9 @@ enum ELiveCommand : uint32_t {
 constexpr int TYPING_DELAYS_MS[] = {30, 50, 80, 100, 150, 200, 300, 500, 800, 1000};
 constexpr int TYPING_DELAY_COUNT = static_cast<int>(sizeof TYPING_DELAYS_MS / sizeof(int));
 inline int TypingDelayMs(int index) {
-    return TYPING_DELAYS_MS[index < 0 ? 0 : index >= TYPING_DELAY_COUNT ? TYPING_DELAY_COUNT - 1 : index];
+    return TYPING_DELAYS_MS[index < 0                     ? 0
+                            : index >= TYPING_DELAY_COUNT ? TYPING_DELAY_COUNT - 1
+                                                          : index];
 }
 
 inline UstPageEffect MakeDefaultPageEffect() {

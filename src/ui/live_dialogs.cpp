@@ -35,8 +35,7 @@ QDialogButtonBox* OkCancel(QDialog* dialog) {
 
 }  // namespace
 
-CDlgBlink::CDlgBlink(const UstPageBlink& blink, QWidget* parent)
-    : QDialog(parent), m_blink(blink) {
+CDlgBlink::CDlgBlink(const UstPageBlink& blink, QWidget* parent) : QDialog(parent), m_blink(blink) {
     setWindowTitle(tr("Blink properties"));
     auto* form = new QFormLayout(this);
     m_pShowHide = new QRadioButton(tr("개체유무"));
@@ -49,8 +48,8 @@ CDlgBlink::CDlgBlink(const UstPageBlink& blink, QWidget* parent)
     m_pSpeed = new QComboBox;
     for (int speed = BLINK_SPEED_MIN; speed <= BLINK_SPEED_MAX; ++speed)
         m_pSpeed->addItem(QString::number(speed));
-    m_pSpeed->setCurrentIndex(
-        std::clamp(blink.nSpeed, BLINK_SPEED_MIN, BLINK_SPEED_MAX) - BLINK_SPEED_MIN);
+    m_pSpeed->setCurrentIndex(std::clamp(blink.nSpeed, BLINK_SPEED_MIN, BLINK_SPEED_MAX) -
+                              BLINK_SPEED_MIN);
     form->addRow(tr("Speed:"), m_pSpeed);
     form->addRow(OkCancel(this));
 }

@@ -14,12 +14,12 @@
 #include "media/media_factory.h"
 #include "objects/ani_object.h"
 #include "objects/blink_draw.h"
+#include "objects/text_object.h"
+#include "play_rig.h"
 #include "playout/effect_decklink.h"
 #include "project/page_manager.h"
 #include "render/pixels.h"
 #include "support/ani_files.h"
-#include "objects/text_object.h"
-#include "play_rig.h"
 #include "support/rect_object.h"
 #include "support/text_host.h"
 #include "transition_rig.h"
@@ -115,9 +115,8 @@ TEST(Blink, TimedBlinkCountsSixteenMillisecondsAFrame) {
     for (const auto& [delay, phases] : cases) {
         UstLiveRig rig;
         rig.page.m_effect.nInDelay = delay;
-        const int frames = RunByHand(rig.board, [&] {
-            rig.engine.RunBlink(RequestWords(rig.page.m_effect), &rig.page, 0);
-        });
+        const int frames = RunByHand(
+            rig.board, [&] { rig.engine.RunBlink(RequestWords(rig.page.m_effect), &rig.page, 0); });
         EXPECT_EQ(frames, 35 * phases) << delay;
         EXPECT_EQ(rig.engine.LiveStats().nBlinkHops, phases);
         EXPECT_EQ(rig.OriginX(), phases % 2 == 0 ? W : 0);
@@ -230,7 +229,8 @@ TEST(Live, ShorterAnimationFadesOutInNineFramesWhileTheOtherPlaysOn) {
     for (int f = 9; f < 12; ++f)
         EXPECT_EQ(shortPx[f], FrameColour(1, f - 9)) << f;
     for (int k = 1; k <= 9; ++k)
-        EXPECT_EQ(shortPx[11 + k], BlendPixelOpacity(PAGE, FrameColour(1, 2), std::max(0, 255 - 30 * k)))
+        EXPECT_EQ(shortPx[11 + k],
+                  BlendPixelOpacity(PAGE, FrameColour(1, 2), std::max(0, 255 - 30 * k)))
             << k;
     EXPECT_EQ(shortPx[20], PAGE);
     for (int f = 9; f < 29; ++f)
@@ -274,7 +274,8 @@ TEST(Live, RunWhileLiveLowersTheLevelForAllAtOnce) {
 // A frame source that reads only while the test lets it.
 class CGatedPlayer : public MediaPlayer {
 public:
-    explicit CGatedPlayer(std::shared_ptr<std::atomic<int>> allowed) : m_allowed(std::move(allowed)) {
+    explicit CGatedPlayer(std::shared_ptr<std::atomic<int>> allowed)
+        : m_allowed(std::move(allowed)) {
         m_info = {10, ANIMATION_FPS, 8, 8};
         m_bOpen = 1;
     }
