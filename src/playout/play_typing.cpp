@@ -5,6 +5,7 @@
 // after WaitFrame.
 #include <algorithm>
 
+#include "board/decklink_pipeline.h"
 #include "objects/text_object.h"
 #include "playout/effect.h"
 #include "project/page_manager.h"
@@ -51,6 +52,10 @@ void Effect::ShowTyped(CPageManager& page, const UstRect& area) {
     m_pChannel->WaitFrame();
     m_pChannel->CopyRect((x + r.left) % m_nCanvasWidth, (y + r.top) % m_nCanvasHeight, m_nWidth,
                          r.left, r.top, r.Width(), r.Height(), m_pBufferA);
+    // On interlaced output the other field comes from the last capture: the
+    // new character must reach it too, or it would show on every other line.
+    CDecklinkPipeline* pipeline = m_pBoard ? m_pBoard->GetPipeline() : nullptr;
+    if (pipeline && pipeline->IsInterlaced()) pipeline->CaptureField();
 }
 
 bool Effect::TypeStep(CPageManager& page) {
