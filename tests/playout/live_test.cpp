@@ -17,6 +17,7 @@
 #include "objects/text_object.h"
 #include "play_rig.h"
 #include "playout/effect_decklink.h"
+#include "playout/logo_animator.h"
 #include "project/page_manager.h"
 #include "render/pixels.h"
 #include "support/ani_files.h"
@@ -507,6 +508,50 @@ TEST(Typing, AutomaticTypesAllAtTheDelay) {
     ASSERT_TRUE(rig.Settle({PLAY_ON, 0}));
     EXPECT_TRUE(rig.Air() == rig.Reference(-1));
     EXPECT_EQ(rig.engine->State(), PLAY_OUT);
+}
+
+// ---- The logo tab's animations ----------------------------------------
+
+// The logo's animation loops over its still picture, scaled to the
+// monitor, on a thread of its own; a page with nothing to play starts none.
+TEST(LogoAnimator, PlaysTheAnimationOverTheStillUntilStopped) {
+    UstAnimFiles files;
+    CPageManager page;
+    AddAnimation(page, files.Write("logo.ani32", 1, 2), {8, 8, 16, 16}, 0);
+    std::mutex mutex;
+    std::condition_variable cv;
+    std::vector<std::vector<uint32_t>> shown;
+    CLogoAnimator animator;
+    ASSERT_TRUE(animator.Start(
+        page, std::vector<uint32_t>(32 * 16, PAGE), 32, 16, 16, 8,
+        [&](std::vector<uint32_t> picture, int w, int h) {
+            EXPECT_EQ(w, 16);
+            EXPECT_EQ(h, 8);
+            std::lock_guard lock(mutex);
+            shown.push_back(std::move(picture));
+            cv.notify_all();
+        },
+        std::chrono::milliseconds(1)));
+    {
+        std::unique_lock lock(mutex);
+        ASSERT_TRUE(cv.wait_for(lock, std::chrono::seconds(10), [&] { return shown.size() >= 3; }));
+    }
+    animator.Stop();
+    EXPECT_FALSE(animator.Running());
+    const size_t count = shown.size();
+    // Halved, the animation's box is (4, 4) to (8, 8).
+    for (size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(shown[i][5 * 16 + 5], FrameColour(1, static_cast<int>(i % 2))) << i;
+        EXPECT_EQ(shown[i][1 * 16 + 1], PAGE) << i;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(shown.size(), count);  // nothing after Stop
+
+    CPageManager none;
+    AddAnimation(none, files.dir.filePath("gone.ani32"), {0, 0, 8, 8}, 0);
+    EXPECT_FALSE(animator.Start(none, std::vector<uint32_t>(32 * 16, PAGE), 32, 16, 16, 8,
+                                [](std::vector<uint32_t>, int, int) {}));
+    EXPECT_FALSE(animator.Running());
 }
 
 }  // namespace
