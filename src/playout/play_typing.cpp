@@ -14,8 +14,10 @@ namespace orv {
 
 namespace {
 
-// A frame counts as 16 ms for the delay, as for the blink.
-constexpr int TYPING_FRAME_MS = 16;
+// Without an output to say its rate, a frame counts as 16 ms, as for the
+// blink.
+constexpr int64_t TYPING_FRAME_MS = 16;
+constexpr int64_t DURATION_UNITS_PER_MS = 10000;
 
 // Where the next step ends: one character further (line ends show nothing,
 // so they go with the character after them), or the end of the line.
@@ -75,7 +77,13 @@ bool Effect::TypeStep(CPageManager& page) {
 
 void Effect::RunTyping(CPageManager& page) {
     m_bTyping.store(1, std::memory_order_relaxed);
-    const int frames = std::max(1, TypingDelayMs(page.m_typing.nSpeed) / TYPING_FRAME_MS);
+    // The delay is the operator's: frames of the output's real rate.
+    CDecklinkPipeline* pipeline = m_pBoard ? m_pBoard->GetPipeline() : nullptr;
+    const int64_t frameMs =
+        pipeline ? std::max<int64_t>(1, pipeline->Format().Duration() / DURATION_UNITS_PER_MS)
+                 : TYPING_FRAME_MS;
+    const int frames =
+        static_cast<int>(std::max<int64_t>(1, TypingDelayMs(page.m_typing.nSpeed) / frameMs));
     while (m_bTyping.load(std::memory_order_relaxed) && !TypeStep(page))
         for (int f = 0; f < frames && m_bTyping.load(std::memory_order_relaxed); ++f)
             if (m_pChannel) m_pChannel->WaitFrame();
