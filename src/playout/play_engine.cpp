@@ -83,18 +83,20 @@ int CPlayEngine::SetPage(CPageManager* page) {
     return 1;
 }
 
+// The stage's own flag decides, not the machine's state: another thread may
+// have reset the state while an endless stage runs, and Run must still end
+// it.
 bool CPlayEngine::EndStage() {
-    const int state = m_nState.load();
     // Text typing on by itself shows whole at once.
     if (m_pEffect->m_bTyping.load()) {
         m_pEffect->m_bTyping.store(0);
         return true;
     }
-    if (state == PLAY_LIVE && m_pEffect->m_bAnimating.load()) {
+    if (m_pEffect->m_bAnimating.load()) {
         m_pEffect->m_bAnimating.store(0);
         return true;
     }
-    if (state == PLAY_BLINK && m_pEffect->m_bBlinking.load()) {
+    if (m_pEffect->m_bBlinking.load()) {
         m_pEffect->m_bBlinking.store(0);
         return true;
     }

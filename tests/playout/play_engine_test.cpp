@@ -7,8 +7,11 @@
 #include <random>
 #include <thread>
 
+#include <QTemporaryDir>
+
 #include "objects/ani_object.h"
 #include "play_rig.h"
+#include "support/ani_files.h"
 
 namespace orv {
 namespace {
@@ -419,6 +422,14 @@ TEST(PlayStress, RandomKeysFromTwoThreadsEndIdle) {
     roll->m_effect.nInEffect = EFFECT_ROLL;
     rig.AddTimed(BLUE, 0, 0)
         ->AddObject(std::make_unique<test::CBlinkObject>(UstRect{0, 0, 8, 8}, RED));
+    // A live page whose feeder runs while the keys come.
+    QTemporaryDir dir;
+    const QString logo = dir.filePath("logo.ani32");
+    ASSERT_TRUE(test::WriteAnimation(logo, 16, 16, 5, [](int x, int, int f) {
+        return 0xFF000000u | static_cast<uint32_t>(x * 16 + f);
+    }));
+    rig.AddTimed(GREEN, 0, 0)
+        ->AddObject(std::make_unique<CQRDObjectAni>(nullptr, logo, UstRect{-4, 10, 40, 40}));
     rig.list.m_nRepeat = 2;
     const auto press = [&](unsigned seed) {
         std::mt19937 random(seed);
@@ -439,7 +450,7 @@ TEST(PlayStress, RandomKeysFromTwoThreadsEndIdle) {
                     rig.engine->Slower();
                     break;
                 case 5:
-                    rig.engine->SetPage(rig.pages[random() % 3].get());
+                    rig.engine->SetPage(rig.pages[random() % rig.pages.size()].get());
                     break;
                 case 6:
                     rig.list.m_nCurrent = static_cast<int>(random() % 4);
