@@ -130,6 +130,16 @@ void CQRDObjectGroup::DrawTo(uint32_t* bits, int width, int height) {
         m->DrawTo(bits, width, height);
 }
 
+void CQRDObjectGroup::DrawBlinkMark() {
+    for (auto& m : m_listChild)
+        m->DrawBlinkMark();
+}
+
+void CQRDObjectGroup::DrawTypingMark() {
+    for (auto& m : m_listChild)
+        m->DrawTypingMark();
+}
+
 void CQRDObjectGroup::DrawForPlay(uint32_t* bits, int width, int height) {
     for (auto& m : m_listChild)
         m->DrawForPlay(bits, width, height);
@@ -152,9 +162,10 @@ void CQRDObjectGroup::OnZoom() {
     CQRDObject::RecalcHandles();
 }
 
-void CQRDObjectGroup::PrepareBlinkFrame(int a, int b, int c, int d, int e, float sx, float sy) {
+void CQRDObjectGroup::PrepareBlinkFrame(uint32_t* bits, int width, int height, int mode,
+                                        uint32_t colour) {
     for (auto& m : m_listChild)
-        m->PrepareBlinkFrame(a, b, c, d, e, sx, sy);
+        m->PrepareBlinkFrame(bits, width, height, mode, colour);
 }
 
 void CQRDObjectGroup::ResetLive(int32_t a, int32_t b) {

@@ -35,12 +35,15 @@ public:
     void RecalcHandles() override;
     void Draw() override;
     void DrawTo(uint32_t* bits, int width, int height) override;
+    void DrawBlinkMark() override;
+    void DrawTypingMark() override;
     void DrawForPlay(uint32_t* bits, int width, int height) override;
     void UpdateStored(bool keepSize) override;
     void OnZoom() override;
     void SaveStateDeep(CByteWriter& out) const override;
     bool LoadStateDeep(CByteReader& in) override;
-    void PrepareBlinkFrame(int a, int b, int c, int d, int e, float sx, float sy) override;
+    void PrepareBlinkFrame(uint32_t* bits, int width, int height, int mode,
+                           uint32_t colour) override;
     void ResetLive(int32_t a, int32_t b) override;
     void FreeLive() override;
     void PrepareScrollImage(int32_t w, int32_t h) override;

@@ -100,7 +100,11 @@ public:
     virtual void SaveStateDeep(CByteWriter& out) const { SaveState(out); }
     virtual bool LoadStateDeep(CByteReader& in) { return LoadState(in, 0); }
     virtual void PickUpAttributes() {}
-    virtual void PrepareBlinkFrame(int, int, int, int, int, float, float) {}
+    // Draws the object into the page's second blink picture: as on air,
+    // but with its blinking parts left out (mode 0) or shown flat in the
+    // colour (mode 1). An object that does not blink draws as on air.
+    virtual void PrepareBlinkFrame(uint32_t* bits, int width, int height, int mode,
+                                   uint32_t colour);
     // The live state of a Roll or Crawl page's object: cleared when a run
     // begins (with the frame's size), made whole by PrepareScrollImage, cut
     // into strips by DrawLive, freed when the run ends. Kinds that draw

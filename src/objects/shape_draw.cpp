@@ -2,6 +2,7 @@
 // size, zoom and angle, kept until something about the shape changes.
 #include <QPainter>
 
+#include "objects/blink_draw.h"
 #include "objects/live_image.h"
 #include "objects/shape_object.h"
 #include "render/fill_brush.h"
@@ -62,6 +63,10 @@ void CQRDObjectShape::DrawTo(uint32_t* bits, int width, int height) {
     }
     QImage canvas = WrapBlock(bits, width, height);
     image->DrawOn(canvas, QPoint(m_rcStored.left, m_rcStored.top));
+}
+
+void CQRDObjectShape::DrawBlinkMark() {
+    if (m_bBlink) HatchOnCanvas(m_pPage, HitPolygon(), BLINK_MARK_HATCH, BLINK_MARK_COLOUR);
 }
 
 void CQRDObjectShape::PrepareLiveFrame(int, int, int, int) {

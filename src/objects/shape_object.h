@@ -29,6 +29,12 @@ public:
     QString GetName() const override;
     bool HasAdjustPoint() const override;
     bool CanRotate() const override { return true; }
+    // The blink flag lives with the shape in memory only: the shape's file
+    // form has no word for it.
+    bool CanBlink() const override { return true; }
+    bool GetBlink() const override { return m_bBlink != 0; }
+    void SetBlink(int32_t on) override { m_bBlink = on ? 1 : 0; }
+    void DrawBlinkMark() override;
     bool HitTestAdjust(int x, int y) const override;
     bool Execute(const void* args, uint32_t code) override;
     void ReleaseCache() override { m_image.Reset(); }
@@ -68,6 +74,7 @@ public:
     float m_fCtrlX = 0, m_fCtrlY = 0;  // page units, for m_rcCtrlBox
     float m_fZoom = 1.0f;
     int32_t m_bEdit = 0;
+    int32_t m_bBlink = 0;
 
 protected:
     void SaveStateBody(CByteWriter& out) const override;

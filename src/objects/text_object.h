@@ -42,6 +42,8 @@ enum ECaretMove { CARET_RIGHT = 0, CARET_LEFT, CARET_UP, CARET_DOWN, CARET_HOME,
 // Input method state bits.
 constexpr uint32_t IME_COMPOSING = 1, IME_CANDIDATES = 2;
 
+struct UstTextExtent;
+
 class CQRDObjectText : public CQRDObject {
 public:
     CQRDObjectText() = default;
@@ -58,8 +60,21 @@ public:
     bool CanRotate() const override { return true; }
     bool CanBlink() const override { return true; }
     bool IsEditing() const override { return m_pPage && m_pPage->EditingText() == this; }
+    bool GetBlink() const override;
+    // The selected characters, or all of them when nothing is selected.
+    void SetBlink(int32_t on) override;
     bool GetTyping() const override { return m_bTyping != 0; }
     void SetTyping(int32_t on) override { m_bTyping = on; }
+    void DrawBlinkMark() override;
+    void DrawTypingMark() override;
+    void PrepareBlinkFrame(uint32_t* bits, int width, int height, int mode,
+                           uint32_t colour) override;
+    // Typed on air: only the first m_nPlayShown characters go to the frame
+    // (all of them while it is below 0), in the whole text's layout.
+    void DrawForPlay(uint32_t* bits, int width, int height) override;
+    // The frame pixels that characters from..to - 1 cover, shadows included;
+    // a turned text answers a rectangle over the whole frame.
+    UstRect TypedRect(int from, int to);
     QString GetName() const override { return m_strName; }
     QString GetPlainText() const override;
     bool Execute(const void* args, uint32_t code) override;
@@ -147,6 +162,7 @@ public:
     UstAttr m_attr{};
     float m_fStoreX = 0, m_fStoreY = 0;
     int32_t m_bTyping = 0;
+    int32_t m_nPlayShown = -1;
     int32_t m_nCompLen = 0;
     int32_t m_nCompStart = 0;
     int32_t m_nCompCursor = 0;  // where the input method shows its cursor
@@ -182,6 +198,10 @@ private:
     void DropAllLayers();
     void RenderMissingLayers();
     void DrawKept(QImage& canvas, QPoint shift);
+    // The layers at full scale for play, and the extent of all of them.
+    std::vector<UstFES> PlayGlyphs(UstTextExtent& extent);
+    void DrawPlayGlyphs(uint32_t* bits, int width, int height, const std::vector<UstFES>& glyphs,
+                        const UstTextExtent& extent) const;
     void DrawLayers(QImage& canvas, QPoint shift, const std::vector<UstFES>& glyphs,
                     const QRect& clip = {}) const;
     void AddDirty(const UstFES& g);

@@ -107,14 +107,35 @@ void Effect::RunLive(int, CPageManager*, int) {}
 
 void Effect::RunBlink(int*, CPageManager*, int) {}
 
-// The frame sources of live pages come with the live stage; until then no
-// animation has a player and there is nothing to read.
-void Effect::StepAnimation(int) {}
+int BlinkPeriod(int speed) {
+    static constexpr int FRAMES[] = {0, 60, 50, 40, 35, 30, 25, 20, 15, 10, 5};
+    if (speed < 0 || speed >= static_cast<int>(std::size(FRAMES))) return 0;
+    return FRAMES[speed];
+}
+
+// A frame the file cannot give is replaced by the last one it gave, and by
+// an empty one before any: the animation keeps its count and its pace.
+void Effect::StepAnimation(int index) {
+    const auto i = static_cast<size_t>(index);
+    if (i >= m_pAnimPlayer.size() || !m_pAnimPlayer[i] || !m_pAnimRing[i]) return;
+    uint8_t* block = m_pAnimRing[i]->NextWriteBlock();
+    if (!block) return;
+    MediaPlayer& player = *m_pAnimPlayer[i];
+    auto* pixels = reinterpret_cast<uint32_t*>(block);
+    const int frame = m_pAnimFrame[i];
+    if (player.ReadFrameTo(frame, pixels))
+        m_pAnimGood[i] = frame;
+    else if (m_pAnimGood[i] < 0 || !player.ReadFrameTo(m_pAnimGood[i], pixels))
+        std::fill_n(pixels, m_pAnimRing[i]->BlockBytes() / 4, 0u);
+    m_pAnimFrame[i] = (frame + 1) % std::max(1, player.GetInfo()->nFrames);
+    m_pAnimRing[i]->CommitWrite();
+}
 
 void Effect::Stop() {
     m_bRunning.store(0, std::memory_order_relaxed);
     m_bBlinking.store(0, std::memory_order_relaxed);
     m_bAnimating.store(0, std::memory_order_relaxed);
+    m_bTyping.store(0, std::memory_order_relaxed);
 }
 
 bool Effect::CanDraw() const {
@@ -168,6 +189,8 @@ void Effect::StripThreadMain() {
 // ready only when it is finished.
 void Effect::PrepareNextStrip() {
     std::lock_guard lock(m_StripMutex);
+    // A wake-up with no page of strips (the worker's own tests) has nothing to do.
+    if (m_nStrips < 1) return;
     const int prepared = m_nPrepared.load(std::memory_order_relaxed);
     if (prepared != m_nStrip.load(std::memory_order_acquire) || prepared == m_nStrips - 1) return;
     const int next = (prepared + 1) % m_nStrips;
@@ -184,18 +207,26 @@ void Effect::PrepareNextStrip() {
     m_Stats.nLongestStripNs = std::max(m_Stats.nLongestStripNs, ns);
 }
 
+bool Effect::AnimThreadIdle() const {
+    return !m_hAnimEvent || m_hAnimEvent->HasIdleWaiter();
+}
+
 bool Effect::StripThreadIdle() const {
     return !m_hStripEvent || m_hStripEvent->HasIdleWaiter();
 }
 
-// One frame per animation per wake-up, so the feeder keeps the pace of the
-// output and the rings absorb the hiccups of the files.
+// Woken once per output frame, the feeder tops each ring up: so it keeps
+// the pace of the output, the rings absorb the hiccups of the files, and a
+// wake-up that came while it was still reading is not lost.
 void Effect::AnimThreadMain() {
     while (m_bAnimating.load(std::memory_order_relaxed)) {
         m_hAnimEvent->Wait();
-        for (int i = 0; i < m_nAnimCount && m_bAnimating.load(std::memory_order_relaxed); ++i)
-            if (m_pAnimActive[static_cast<size_t>(i)] && m_pAnimRing[static_cast<size_t>(i)])
+        for (int i = 0; i < m_nAnimCount && m_bAnimating.load(std::memory_order_relaxed); ++i) {
+            const auto k = static_cast<size_t>(i);
+            if (!m_pAnimActive[k].load(std::memory_order_relaxed) || !m_pAnimRing[k]) continue;
+            for (int n = 0; n < m_pAnimRing[k]->Count(); ++n)
                 StepAnimation(i);
+        }
     }
 }
 

@@ -10,17 +10,22 @@
 // the engine proper. The page draws into the bare buffers, so no drawing
 // contexts are kept beside them.
 
+#include <QString>
+
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
 
 #include "board/gboard.h"
+#include "media/media_player.h"
 #include "playout/auto_event.h"
 #include "playout/worker_thread.h"
 #include "render/frame_ring.h"
+#include "render/geometry.h"
 
 namespace orv {
 
@@ -42,9 +47,30 @@ struct UstStepStats {
     int64_t nLongestStripNs = 0;
 };
 
+// What the last blink and the last live stage did; a transition leaves
+// them alone. Written by the drawing thread; read once the stage is over.
+struct UstLiveStats {
+    // The blink: pixel copies into the canvas and hops of the origin.
+    int nBlinkCopies = 0;
+    int nBlinkHops = 0;
+    // The live stage: frames sent, frames where an active animation's ring
+    // was empty (so its last frame stood again), and the time each main
+    // loop frame took to compose, when kept.
+    int nLiveFrames = 0;
+    int nEmptyRings = 0;
+    bool bKeepTimes = false;
+    std::vector<int64_t> composeTimes;
+};
+
+// Blink periods in frames by the page's blink speed; 0 for a speed that
+// has no period (and must not reach the air).
+int BlinkPeriod(int speed);
+
 enum EWorkerKind : int { WORKER_STRIP = 0, WORKER_ANIMATION = 1 };
 
 class Effect {
+    friend class CLiveStage;
+
 public:
     Effect(CGBoard* board, uint32_t* bufferA, uint32_t* bufferB, int width, int height);
     virtual ~Effect();
@@ -73,11 +99,24 @@ public:
     virtual void Reserved4() {}
     virtual void Stop();
 
+    // Typed-on text. HideTyping brings the page's typing texts to air empty
+    // (before it is rendered); TypeStep shows the next character or line
+    // and answers true once all is shown; RunTyping shows them all, one
+    // after the other at the page's delay, and at once when m_bTyping is
+    // cleared; ShowAllTyped shows whatever is left at once.
+    static void HideTyping(CPageManager& page);
+    bool TypeStep(CPageManager& page);
+    void RunTyping(CPageManager& page);
+    void ShowAllTyped(CPageManager& page);
+
     // No strip thread, or the strip thread waits with nothing asked of it.
     bool StripThreadIdle() const;
+    // No animation feeder, or the feeder waits with its rings topped up.
+    bool AnimThreadIdle() const;
 
     const UstStepStats& Stats() const { return m_Stats; }
     UstStepStats& Stats() { return m_Stats; }
+    UstLiveStats& LiveStats() { return m_LiveStats; }
 
     CGBoard* m_pBoard = nullptr;
     std::unique_ptr<CBoardChannel> m_pChannel;
@@ -89,6 +128,7 @@ public:
     std::atomic<int32_t> m_bRunning{0};
     std::atomic<int32_t> m_bBlinking{0};
     std::atomic<int32_t> m_bAnimating{0};
+    std::atomic<int32_t> m_bTyping{0};
     // The roll or crawl in progress.
     CPageManager* m_pPage = nullptr;
     int32_t m_nStrips = 0;  // strips of the page, plus the blank one
@@ -108,11 +148,19 @@ public:
     uint32_t* m_pBufferB2 = nullptr;
     // The animations of a live page, one element each.
     int32_t m_nAnimCount = 0;
+    std::vector<std::unique_ptr<MediaPlayer>> m_pAnimPlayer;
+    // The last frame each animation read well, which stands in for a frame
+    // that a damaged file cannot give (the feeder's own).
+    std::vector<int32_t> m_pAnimGood;
     std::vector<int32_t> m_pAnimFrame;
-    std::vector<int32_t> m_pAnimActive;
+    // Cleared by the drawing thread when an animation ends, read by the feeder.
+    std::unique_ptr<std::atomic<int32_t>[]> m_pAnimActive;
     std::vector<std::unique_ptr<FrameRing>> m_pAnimRing;
     std::unique_ptr<CWorkerThread> m_hAnimThread;
     std::unique_ptr<CAutoEvent> m_hAnimEvent;
+    // How the live stage opens an animation file: by its extension, unless a
+    // test puts a source of its own here before the stage.
+    std::function<std::unique_ptr<MediaPlayer>(const QString&)> m_fnOpenPlayer;
 
     // A worker's pieces of waiting before its owner waits without limit.
     static constexpr std::chrono::milliseconds WORKER_WAIT{3000};
@@ -129,6 +177,7 @@ protected:
     int EndWorker(int kind);
 
     UstStepStats m_Stats;
+    UstLiveStats m_LiveStats;
     // Held by the strip thread while it renders, and by PrepareStrips: a new
     // pass waits for a strip still being rendered from the last one.
     std::mutex m_StripMutex;
@@ -138,6 +187,8 @@ private:
     void AnimThreadMain();
     void PrepareNextStrip();
     void EndOneWorker(int kind, int& timeouts);
+    // The page again in buffer A, and the rectangle of it on air.
+    void ShowTyped(CPageManager& page, const UstRect& area);
 };
 
 }  // namespace orv

@@ -154,16 +154,6 @@ void EffectDecklink::Capture() {
     ++m_Stats.nCaptures;
 }
 
-// Kind 0 is the blink of the page's own request; the live stage of
-// animations comes with the frame sources.
-void EffectDecklink::RunLive(int kind, CPageManager* page, int endless) {
-    if (kind == 0 && page) RunBlink(RequestWords(page->m_effect), page, endless);
-}
-
-// The blink comes with the live objects on air; until then the play states
-// pass through it at once.
-void EffectDecklink::RunBlink(int*, CPageManager*, int) {}
-
 // The flag is looked at right after it was cleared, so Stop waits only for
 // a run that another thread began in between: the operator's Stop never
 // blocks on an ordinary transition.

@@ -106,6 +106,7 @@ bool CPlayEngine::AutoIn(CPageManager* page, int index) {
     RenderPage(page);
     Post(PLAY_IN, index);
     m_pEffect->Run(RequestWords(page->m_effect), 0, page);
+    if (!scroll) TypeOnAir(page, false);
     if (scroll) {
         Post(PLAY_GONE, index);
         EndScroll(page);

@@ -73,7 +73,8 @@ bool CPlayEngine::Step() {
 }
 
 int CPlayEngine::SetPage(CPageManager* page) {
-    if (m_nState.load() == PLAY_LIVE) return 1;
+    // A live stage, or text waiting to be typed on, keeps its page.
+    if (m_nState.load() == PLAY_LIVE || m_nState.load() == PLAY_TYPING) return 1;
     if (m_bLocked.load()) return 0;
     if (!page) return 1;
     m_pPage.store(page);
@@ -82,13 +83,20 @@ int CPlayEngine::SetPage(CPageManager* page) {
     return 1;
 }
 
+// The stage's own flag decides, not the machine's state: another thread may
+// have reset the state while an endless stage runs, and Run must still end
+// it.
 bool CPlayEngine::EndStage() {
-    const int state = m_nState.load();
-    if (state == PLAY_LIVE && m_pEffect->m_bAnimating.load()) {
+    // Text typing on by itself shows whole at once.
+    if (m_pEffect->m_bTyping.load()) {
+        m_pEffect->m_bTyping.store(0);
+        return true;
+    }
+    if (m_pEffect->m_bAnimating.load()) {
         m_pEffect->m_bAnimating.store(0);
         return true;
     }
-    if (state == PLAY_BLINK && m_pEffect->m_bBlinking.load()) {
+    if (m_pEffect->m_bBlinking.load()) {
         m_pEffect->m_bBlinking.store(0);
         return true;
     }
@@ -115,6 +123,9 @@ void CPlayEngine::Key(int key) {
         m_bRun.store(0);
         while (!TryLock())
             m_pEffect->Effect::Stop();
+        // Text that waited to be typed on shows whole.
+        if (m_nState.load() == PLAY_TYPING && m_pPage.load())
+            m_pEffect->ShowAllTyped(*m_pPage.load());
         m_nState.store(PLAY_IDLE);
         m_Lock.unlock();
     } else if (key == PLAYKEY_ERASE) {
@@ -182,6 +193,7 @@ void CPlayEngine::RenderPage(CPageManager* page) {
     if (!page || m_pBufferA.empty()) return;
     std::fill_n(m_pBufferA.data(), m_pBufferA.size(), 0u);
     std::fill_n(m_pBufferB.data(), m_pBufferB.size(), 0u);
+    if (!page->IsScrollPage()) Effect::HideTyping(*page);
     page->DrawForPlay(m_pBufferA.data(), page->HasBlinkObject() ? m_pBufferB.data() : nullptr,
                       m_nWidth, m_nHeight);
 }
@@ -233,20 +245,14 @@ void CPlayEngine::StepSingle() {
                 Post(PLAY_GONE, 1);
                 m_nState.store(PLAY_IDLE);
                 m_bRun.store(0);
-            } else if (page->HasAnimation() || page->HasBlinkObject()) {
-                m_nState.store(page->HasAnimation() ? PLAY_LIVE : PLAY_BLINK);
-                Post(PLAY_ON, 0);
-            } else {
-                Post(PLAY_ON, 0);
-                m_nState.store(PLAY_OUT);
-                if (!CTransitionDriver::HasOutStage(request)) {
-                    Post(PLAY_GONE, 0);
-                    m_nState.store(PLAY_IDLE);
-                    m_bRun.store(0);
-                }
+            } else if (TypeOnAir(page, true)) {
+                SingleOnAir(page, request);
             }
             return;
         }
+        case PLAY_TYPING:
+            if (page && m_pEffect->TypeStep(*page)) SingleOnAir(page, request);
+            return;
         case PLAY_BLINK:
             Post(PLAY_BLINK, 0);
             m_pEffect->RunLive(0, page, 1);
@@ -268,6 +274,32 @@ void CPlayEngine::StepSingle() {
         default:
             return;
     }
+}
+
+void CPlayEngine::SingleOnAir(CPageManager* page, int* request) {
+    if (page->HasAnimation() || page->HasBlinkObject()) {
+        m_nState.store(page->HasAnimation() ? PLAY_LIVE : PLAY_BLINK);
+        Post(PLAY_ON, 0);
+        return;
+    }
+    Post(PLAY_ON, 0);
+    m_nState.store(PLAY_OUT);
+    if (!CTransitionDriver::HasOutStage(request)) {
+        Post(PLAY_GONE, 0);
+        m_nState.store(PLAY_IDLE);
+        m_bRun.store(0);
+    }
+}
+
+bool CPlayEngine::TypeOnAir(CPageManager* page, bool byOperator) {
+    if (!page->HasTypingObject()) return true;
+    if (byOperator && page->m_typing.nMode == 0) {
+        m_nState.store(PLAY_TYPING);
+        Post(PLAY_ON, 0);
+        return false;
+    }
+    m_pEffect->RunTyping(*page);
+    return true;
 }
 
 // The list machine: the single page's stages over the list's pages, with
@@ -341,6 +373,7 @@ void CPlayEngine::ListIn(UstPlayList& list, CPageManager* page) {
     RenderPage(page);
     Post(PLAY_IN, index);
     m_pEffect->Run(request, 0, page);
+    if (!scroll) TypeOnAir(page, false);
     if (scroll) {
         EndScroll(page);
         ListPageGone(list, index);

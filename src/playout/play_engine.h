@@ -33,7 +33,10 @@ enum EPlayState : int {
     PLAY_LIVE = 5,
     PLAY_OUT = 6,
     PLAY_GONE = 7,
-    PLAY_END = 8
+    PLAY_END = 8,
+    // The engine's own: a page whose typed text waits for the next Run. The
+    // window hears PLAY_ON for it.
+    PLAY_TYPING = 9
 };
 
 enum EPlayKey : int { PLAYKEY_RUN = 13, PLAYKEY_STOP = 106, PLAYKEY_ERASE = 123 };
@@ -126,6 +129,11 @@ private:
     void WorkerMain();
     bool Step();
     void StepSingle();
+    // The single page after its in effect: typing, then its stage or rest.
+    void SingleOnAir(CPageManager* page, int* request);
+    // Typed text shown by itself after the in effect; false when it waits
+    // for the operator's Run instead.
+    bool TypeOnAir(CPageManager* page, bool byOperator);
     void StepList();
     void RunAutoLoop();
     // The list machine's stages, each from its state to the next resting one.

@@ -139,6 +139,16 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
         }
         case CMD_PAGE_TYPE:
             return SetPageType(arg);
+        case CMD_BLINK:
+        case CMD_TYPING: {
+            // The marks of the selection change on the canvas.
+            const int result = SetEffectValue(arg, id);
+            if (result) Redraw(SelectionWindowRect());
+            return result;
+        }
+        case CMD_BLINK_PROPERTIES:
+        case CMD_TYPING_PROPERTIES:
+            return SetEffectValue(arg, id);
         case CMD_FONT_FACE:
         case CMD_FONT_SIZE:
         case CMD_TEXT_WIDTH:
@@ -388,6 +398,9 @@ int CPageManager::SetEffectValue(const void* value, uint32_t id) {
             break;
         case 785: {
             const auto* b = static_cast<const UstPageBlink*>(value);
+            // A speed of 0 would blink without waiting: refused here, before
+            // it could reach the air.
+            if (b->nSpeed < BLINK_SPEED_MIN || b->nSpeed > BLINK_SPEED_MAX) return 0;
             if (std::memcmp(b, &m_blink, sizeof m_blink) != 0) m_blink = *b;
             break;
         }

@@ -141,6 +141,9 @@ public:
     // object anywhere (groups included) asks for the blink; an animation on
     // a Cut page with objects asks for the live stage.
     bool HasBlinkObject() const;
+    bool HasTypingObject() const;
+    // The texts with the typing flag, head to tail, groups included.
+    std::vector<CQRDObjectText*> TypingTexts() const;
     bool HasAnimation() const;
     // Objects in `kept` are the page's own from before, already sized for
     // the view: they keep the layers they have drawn.
@@ -158,9 +161,10 @@ public:
     // to air: the background, then what each object draws for play. A scroll
     // page gives its first screen.
     void DrawToImage(uint32_t* bits, int w, int h);
-    // A frame for play: the background into the fill (and the key, when
-    // given), then the objects. The caller has cleared both.
-    void DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h);
+    // A frame for play: the background, then the objects, into buffer A;
+    // with buffer B, the same page without its blinking parts (or with them
+    // in the blink colour) into B as well. The caller has cleared both.
+    void DrawForPlay(uint32_t* bits, uint32_t* blinkBits, int w, int h);
     void RebuildPageText(bool measure);
     void SetModified(bool modified);
     void PushUndo(int kind);
@@ -277,7 +281,7 @@ public:
 private:
     // The background and every object's play drawing, as a Cut page goes
     // to air.
-    void DrawFrame(uint32_t* bits, uint32_t* keyBits, int w, int h);
+    void DrawFrame(uint32_t* bits, uint32_t* blinkBits, int w, int h);
     void CopyViewFrame();
     int Tail();
     void Redraw(const UstRect& before);

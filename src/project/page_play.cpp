@@ -1,4 +1,5 @@
 #include "objects/group_object.h"
+#include "objects/text_object.h"
 #include "project/page_manager.h"
 
 namespace orv {
@@ -20,6 +21,30 @@ bool AnyObject(const std::vector<std::unique_ptr<CQRDObject>>& objects,
 
 bool CPageManager::HasBlinkObject() const {
     return AnyObject(m_objects, [](const CQRDObject& o) { return o.GetBlink(); });
+}
+
+bool CPageManager::HasTypingObject() const {
+    return AnyObject(m_objects, [](const CQRDObject& o) { return o.GetTyping(); });
+}
+
+namespace {
+
+void CollectTyping(const std::vector<std::unique_ptr<CQRDObject>>& objects,
+                   std::vector<CQRDObjectText*>& out) {
+    for (const auto& o : objects) {
+        if (o->GetType() == OBJ_GROUP)
+            CollectTyping(static_cast<const CQRDObjectGroup&>(*o).Members(), out);
+        else if (o->GetType() == OBJ_TEXT && o->GetTyping())
+            out.push_back(static_cast<CQRDObjectText*>(o.get()));
+    }
+}
+
+}  // namespace
+
+std::vector<CQRDObjectText*> CPageManager::TypingTexts() const {
+    std::vector<CQRDObjectText*> out;
+    CollectTyping(m_objects, out);
+    return out;
 }
 
 // A scroll page moves its animations with its strips; only a Cut page gives

@@ -38,6 +38,26 @@ static_assert(sizeof(UstPageTyping) == 12);
 
 #pragma pack(pop)
 
+constexpr int32_t BLINK_SPEED_MIN = 1, BLINK_SPEED_MAX = 10;
+
+// The page commands of blinking and typing: on or off for the selection (a
+// 32-bit flag), and the page's record.
+enum ELiveCommand : uint32_t {
+    CMD_BLINK = 784,
+    CMD_BLINK_PROPERTIES = 785,
+    CMD_TYPING = 786,
+    CMD_TYPING_PROPERTIES = 787
+};
+
+// The typing delays the page's record indexes, in milliseconds.
+constexpr int TYPING_DELAYS_MS[] = {30, 50, 80, 100, 150, 200, 300, 500, 800, 1000};
+constexpr int TYPING_DELAY_COUNT = static_cast<int>(sizeof TYPING_DELAYS_MS / sizeof(int));
+inline int TypingDelayMs(int index) {
+    return TYPING_DELAYS_MS[index < 0                     ? 0
+                            : index >= TYPING_DELAY_COUNT ? TYPING_DELAY_COUNT - 1
+                                                          : index];
+}
+
 inline UstPageEffect MakeDefaultPageEffect() {
     return {3, 4, 1, 0, 2, 4, 0, 0, 0, 0, 0};
 }

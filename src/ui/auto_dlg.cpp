@@ -379,16 +379,34 @@ void CPropAutoA::RunLogo() {
     if (!m_frame.empty())
         m_pLogo->DrawForPlay(m_frame.data(), nullptr, info.rc.Width(), info.rc.Height());
     engine->GetEffect().Reserved2();  // a logo layer on a card that has one
-    m_pPreview->setPixmap(QPixmap::fromImage(ThumbOf(*m_pLogo)));
+    const QImage thumb = ThumbOf(*m_pLogo);
+    m_pPreview->setPixmap(QPixmap::fromImage(thumb));
+    // The picture crosses to this thread as a copy; a late one for a logo
+    // since stopped is dropped with the tab.
+    m_animator.Start(
+        *m_pLogo, m_frame, info.rc.Width(), info.rc.Height(), std::max(thumb.width(), 1),
+        std::max(thumb.height(), 1), [this](std::vector<uint32_t> picture, int w, int h) {
+            QMetaObject::invokeMethod(
+                this,
+                [this, picture = std::move(picture), w, h] {
+                    if (!m_animator.Running()) return;
+                    const QImage image(reinterpret_cast<const uchar*>(picture.data()), w, h, w * 4,
+                                       QImage::Format_ARGB32_Premultiplied);
+                    m_pPreview->setPixmap(QPixmap::fromImage(image));
+                },
+                Qt::QueuedConnection);
+        });
     m_pOnAir->setText(tr("ON AIR") + ": " + tr("Page %1").arg(row + 1));
 }
 
 void CPropAutoA::StopLogo() {
+    m_animator.Stop();
     if (m_pLogo) m_pOnAir->setText(tr("ON AIR"));
 }
 
 void CPropAutoA::EraseLogo() {
     if (!m_pLogo) return;
+    m_animator.Stop();
     std::fill(m_frame.begin(), m_frame.end(), 0u);
     if (CPlayEngine* engine = m_context.engine ? m_context.engine() : nullptr)
         engine->ClearOutput();

@@ -8,6 +8,7 @@
 #include <functional>
 #include <vector>
 
+#include "playout/logo_animator.h"
 #include "playout/play_list.h"
 
 class QButtonGroup;
@@ -98,6 +99,9 @@ private:
     QLabel *m_pOnAir = nullptr, *m_pPreview = nullptr;
     CPageManager* m_pLogo = nullptr;
     std::vector<uint32_t> m_frame;  // the logo as it would go to a logo layer
+    // Plays a logo page's animations in the PREVIEW monitor. Declared last,
+    // it stops before anything it posts to goes.
+    CLogoAnimator m_animator;
 };
 
 class CAutoDlg : public QWidget {

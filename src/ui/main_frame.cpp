@@ -142,6 +142,7 @@ void CMainFrame::CreateCommandBars() {
     CreatePageMenu();
     CreateTextMenu();
     CreateShapeMenu();
+    CreateLiveMenu();
     CreateBoardMenu();
     CreateInsertMenu();
     CreatePlayMenu();

@@ -170,6 +170,11 @@ private:
     void CreatePageMenu();
     void CreateTextMenu();
     void CreateShapeMenu();
+    // Blink and typing: on or off for the selection, and the page's settings.
+    void CreateLiveMenu();
+    void SetLiveFlag(uint32_t command, bool on);
+    void ChooseBlinkProperties();
+    void ChooseTypingProperties();
     void CreateBoardMenu();
     void CreatePlayMenu();
     void SetRibbonEnabled(bool enabled);

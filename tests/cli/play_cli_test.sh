@@ -101,4 +101,30 @@ sleep 3
 kill -TERM "$pid"
 wait "$pid" || fail "a stopped play exited $?: $(cat "$work/err")"
 grep -q '^stopped$' "$work/out" || fail "no stop: $(cat "$work/out")"
+# The live sample through the file: lines typed on, a badge whose picture
+# changes every ten frames (speed 9) for the counted two seconds, and a logo
+# that changes every frame while its animation plays.
+live="$work/samples/live/project.qrdprj"
+expect 0 "$cli" play "$live" --auto --mode pal --output "file:$work/live.mkv"
+grep -q 'page 1  blink$' "$work/out" || fail "no blink: $(cat "$work/out")"
+grep -q 'page 2  live$' "$work/out" || fail "no live stage: $(cat "$work/out")"
+expect 0 "$cli" frames "$work/live.mkv" "$work/live_frames"
+python3 - "$work/live_frames" <<'PY' || fail "the live sample's frames do not blink and play"
+import glob, hashlib, sys
+frames = sorted(glob.glob(sys.argv[1] + "/frame_*.png"))
+h = [hashlib.md5(open(p, "rb").read()).hexdigest() for p in frames]
+changes = [i for i in range(1, len(h)) if h[i] != h[i - 1]]
+# The blink: changes ten frames apart, each back to the picture of twenty
+# frames before.
+blink = [c for c in changes if c >= 20 and h[c] == h[c - 20] and c - 10 in changes]
+print("blink changes:", blink)
+assert len(blink) >= 8, blink
+# The logo: a long run of frames each unlike the one before.
+run = best = 0
+for i in range(1, len(h)):
+    run = run + 1 if h[i] != h[i - 1] else 0
+    best = max(best, run)
+print("longest run of changing frames:", best)
+assert best >= 40, best
+PY
 echo "play command: all checks passed"

@@ -422,5 +422,51 @@ TEST_F(TextEdit, JunkSizesAndLongTextsStayWhole) {
     EXPECT_EQ(big.CharCount(), 10001);
 }
 
+// Blink goes to the selected characters, or to all when none are. The
+// blink's second picture leaves the blinking ones out, or shows them flat
+// in the colour; the other line stays as on air.
+TEST_F(TextEdit, BlinkingCharactersLeaveTheSecondPictureOrTakeItsColour) {
+    ThreeLines();
+    text->EndEdit();
+    EXPECT_FALSE(text->GetBlink());
+    text->m_nSelStart = 3;
+    text->m_nSelEnd = 5;
+    text->SetBlink(1);
+    text->m_nSelStart = text->m_nSelEnd = -1;
+    EXPECT_TRUE(text->GetBlink());
+    for (int i = 0; i < text->CharCount(); ++i)
+        EXPECT_EQ(text->Chars()[static_cast<size_t>(i)].bBlink, i == 3 || i == 4 ? 1u : 0u) << i;
+    const int w = page.width, h = page.height;
+    std::vector<uint32_t> air(static_cast<size_t>(w) * h), out(air.size()), tinted(air.size());
+    text->DrawForPlay(air.data(), w, h);
+    text->PrepareBlinkFrame(out.data(), w, h, 0, 0xFF00FF00u);
+    text->PrepareBlinkFrame(tinted.data(), w, h, 1, 0xFF00FF00u);
+    const auto rowsOf = [&](int index) {
+        const UstFES& g = text->Glyphs()[static_cast<size_t>(index)];
+        return std::pair{g.rcStroke.top, g.rcStroke.bottom};
+    };
+    const auto [top1, bottom1] = rowsOf(0);
+    const auto [top2, bottom2] = rowsOf(3);
+    ASSERT_LT(bottom1, top2);
+    int seen = 0, inked = 0;
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x) {
+            const size_t i = static_cast<size_t>(y) * w + x;
+            if (y >= top1 && y < bottom1) {
+                EXPECT_EQ(out[i], air[i]);
+            }
+            if (y >= top2 && y < bottom2 && air[i] >> 24 == 0xFF) {
+                ++seen;
+                EXPECT_EQ(out[i], 0u);
+                EXPECT_EQ(tinted[i], 0xFF00FF00u);
+            }
+            inked += tinted[i] != 0;
+        }
+    EXPECT_GT(seen, 20);
+    EXPECT_GT(inked, seen);
+    text->SetBlink(0);
+    EXPECT_FALSE(text->GetBlink());
+}
+
 }  // namespace
 }  // namespace orv

@@ -7,7 +7,11 @@
 #include <random>
 #include <thread>
 
+#include <QTemporaryDir>
+
+#include "objects/ani_object.h"
 #include "play_rig.h"
+#include "support/ani_files.h"
 
 namespace orv {
 namespace {
@@ -81,8 +85,8 @@ TEST(PlaySingle, BlinkingAndAnimatedPagesRestInTheirStage) {
     CPageManager* blink = rig.AddPage(RED, CutFade());
     blink->AddObject(std::make_unique<test::CBlinkObject>(UstRect{0, 0, 8, 8}, BLUE));
     CPageManager* live = rig.AddPage(GREEN, CutFade());
-    live->AddObject(
-        std::make_unique<test::CRectObject>(UstRect{0, 0, 8, 8}, BLUE, false, OBJ_ANIMATION));
+    // An animation whose file is gone: the live stage has nothing to play.
+    live->AddObject(std::make_unique<CQRDObjectAni>(nullptr, "gone.ani32", UstRect{0, 0, 8, 8}));
     EXPECT_TRUE(blink->HasBlinkObject());
     EXPECT_FALSE(blink->HasAnimation());
     EXPECT_TRUE(live->HasAnimation());
@@ -98,7 +102,16 @@ TEST(PlaySingle, BlinkingAndAnimatedPagesRestInTheirStage) {
         ASSERT_TRUE(rig.Settle({PLAY_ON, 0}));
         EXPECT_EQ(rig.engine->State(), stage);
         rig.engine->Key(PLAYKEY_RUN);
+        ASSERT_TRUE(rig.log.WaitFor({stage, 0}));
+        if (stage == PLAY_BLINK) {
+            // The blink goes on until the next Run.
+            for (int i = 0; i < 5000 && !rig.engine->IsBlinking(); ++i)
+                std::this_thread::sleep_for(1ms);
+            EXPECT_TRUE(rig.engine->IsBlinking());
+            rig.engine->Key(PLAYKEY_RUN);
+        }
         ASSERT_TRUE(rig.Settle({stage, 0}));
+        EXPECT_FALSE(rig.engine->IsBlinking());
         EXPECT_EQ(rig.engine->State(), PLAY_OUT);
         rig.engine->Key(PLAYKEY_RUN);
         ASSERT_TRUE(rig.Settle({PLAY_GONE, 1}));
@@ -306,6 +319,20 @@ TEST(PlayAuto, RepeatThreeOnTwoPagesPlaysSixPagesWithBothDelays) {
     EXPECT_TRUE(rig.AirIs(0));
 }
 
+// 35 frames of 16 ms count 560 ms a phase: two seconds end after the
+// fourth, whatever the frames really take; the delay itself is not waited.
+TEST(PlayAuto, BlinkingPageBlinksForItsInDelayAlone) {
+    UstAutoRig rig;
+    CPageManager* page = rig.AddTimed(RED, 2, 0);
+    page->AddObject(std::make_unique<test::CBlinkObject>(UstRect{0, 0, 8, 8}, BLUE));
+    rig.engine->Key(PLAYKEY_RUN);
+    ASSERT_TRUE(rig.Settle({PLAY_IDLE, 0}));
+    EXPECT_EQ(rig.log.Count(PLAY_BLINK), 1);
+    EXPECT_EQ(rig.engine->GetEffect().LiveStats().nBlinkHops, 4);
+    EXPECT_EQ(rig.engine->GetEffect().LiveStats().nBlinkCopies, 1);
+    EXPECT_EQ(rig.pieces, 0);
+}
+
 TEST(PlayAuto, RepeatZeroKeepsItsPassesEndless) {
     UstAutoRig rig;
     rig.AddTimed(RED, 0, 0);
@@ -395,6 +422,14 @@ TEST(PlayStress, RandomKeysFromTwoThreadsEndIdle) {
     roll->m_effect.nInEffect = EFFECT_ROLL;
     rig.AddTimed(BLUE, 0, 0)
         ->AddObject(std::make_unique<test::CBlinkObject>(UstRect{0, 0, 8, 8}, RED));
+    // A live page whose feeder runs while the keys come.
+    QTemporaryDir dir;
+    const QString logo = dir.filePath("logo.ani32");
+    ASSERT_TRUE(test::WriteAnimation(logo, 16, 16, 5, [](int x, int, int f) {
+        return 0xFF000000u | static_cast<uint32_t>(x * 16 + f);
+    }));
+    rig.AddTimed(GREEN, 0, 0)
+        ->AddObject(std::make_unique<CQRDObjectAni>(nullptr, logo, UstRect{-4, 10, 40, 40}));
     rig.list.m_nRepeat = 2;
     const auto press = [&](unsigned seed) {
         std::mt19937 random(seed);
@@ -415,7 +450,7 @@ TEST(PlayStress, RandomKeysFromTwoThreadsEndIdle) {
                     rig.engine->Slower();
                     break;
                 case 5:
-                    rig.engine->SetPage(rig.pages[random() % 3].get());
+                    rig.engine->SetPage(rig.pages[random() % rig.pages.size()].get());
                     break;
                 case 6:
                     rig.list.m_nCurrent = static_cast<int>(random() % 4);

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QImage>
 
+#include "media/ani32_writer.h"
 #include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/shape_object.h"
@@ -127,6 +128,48 @@ void BuildPlay(CProjectManager& project) {
     }
 }
 
+// A logo of a turning colour wheel's spoke, 20 frames.
+void WriteLogo(const QString& file, int size) {
+    CAni32Writer writer;
+    if (!writer.Create(file, 20, size, size)) return;
+    std::vector<uint32_t> block(static_cast<size_t>(size) * size);
+    for (int f = 0; f < 20; ++f) {
+        const QColor c = QColor::fromHsv(f * 18, 220, 240);
+        for (int y = 0; y < size; ++y)
+            for (int x = 0; x < size; ++x) {
+                const bool band = (x + y + f * size / 10) / (size / 4) % 2 == 0;
+                block[static_cast<size_t>(y) * size + x] = band ? c.rgba() : 0xFF202020u;
+            }
+        writer.WriteFrame(f, block.data());
+    }
+    writer.Finish();
+}
+
+// Two SD pages that keep living on air: a blinking "LIVE" badge over a box
+// with a line typed on below, then an animated logo with a typed line.
+void BuildLive(CProjectManager& project) {
+    for (int i = 0; i < 2; ++i) {
+        CPageManager* page = project.InsertPage(project.PageCount() - 1);
+        page->m_effect = {3, 10, 2, 0, 3, 10, 0, 1, 0, 0, 0};
+        page->AddObject(std::make_unique<CQRDObjectShape>(page, 1, UstRect{30, 330, 610, 440},
+                                                          MakeDefaultAttr(), MakeDefaultEffect()));
+        auto line = Text(i == 0 ? "Typed on air" : "And a logo", 40, 50, 405);
+        line->SetTyping(1);
+        page->AddObject(std::move(line));
+        if (i == 0) {
+            auto badge = Text("LIVE", 48, 40, 90);
+            badge->SetBlink(1);
+            page->AddObject(std::move(badge));
+            page->m_blink.nSpeed = 9;
+            continue;
+        }
+        WriteLogo(project.ObjectFolder() + "logo.ani32", 120);
+        auto logo = std::make_unique<CQRDObjectAni>(page, "logo.ani32", UstRect{480, 30, 600, 150});
+        logo->m_words.nRepeat = 1;
+        page->AddObject(std::move(logo));
+    }
+}
+
 }  // namespace
 
 QString MakeProjectFolder(const QString& folder, CProjectManager& project) {
@@ -155,7 +198,7 @@ std::vector<QString> WriteSampleProjects(const QString& root) {
     static const UstSample SAMPLES[] = {
         {"empty", 1920, 1080, nullptr},    {"demo", 1920, 1080, BuildDemo},
         {"pages", 1920, 1080, BuildPages}, {"sd", 640, 480, BuildSd},
-        {"play", 640, 480, BuildPlay},
+        {"play", 640, 480, BuildPlay},     {"live", 640, 480, BuildLive},
     };
     std::vector<QString> files;
     for (const UstSample& s : SAMPLES) {

@@ -20,7 +20,8 @@ bool SaveWithThumbnails(CProjectManager& project, const QString& file);
 // The samples, one folder each under root: "empty" (no page), "demo" (the
 // sample page with a timer, an animation and a background), "pages" (Cut,
 // Roll and Crawl pages), "sd" (a 640 x 480 project) and "play" (three SD
-// pages of one colour each). Their files' paths.
+// pages of one colour each) and "live" (two SD pages with a blinking
+// badge, an animated logo and typed lines). Their files' paths.
 std::vector<QString> WriteSampleProjects(const QString& root);
 
 }  // namespace orv::test
