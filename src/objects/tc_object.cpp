@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "objects/archive_fields.h"
+#include "objects/live_image.h"
 #include "objects/text_object.h"
 #include "render/fixed_string.h"
 #include "render/text_image.h"
@@ -129,6 +130,21 @@ void CQRDObjectTC::DrawTo(uint32_t* bits, int width, int height) {
     if (!image.Made()) return;
     QImage canvas = WrapBlock(bits, width, height);
     image.DrawOn(canvas, QPoint(0, 0));
+}
+
+void CQRDObjectTC::PrepareScrollImage(int32_t, int32_t) {
+    RenderTimerValue(m_attr, m_fStoreX, m_fStoreY, CurrentString(), m_liveImage);
+    DropUnreachable(m_liveImage);
+}
+
+void CQRDObjectTC::DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                            int bottom) {
+    if (bits && m_liveImage.Made())
+        DrawImageInStrip(m_liveImage, bits, width, height, {left, top, right, bottom});
+}
+
+UstPoint CQRDObjectTC::GetLiveExtent() const {
+    return LiveExtent(m_rcStored, LiveImageRect(m_liveImage));
 }
 
 void CQRDObjectTC::PickUpAttributes() {

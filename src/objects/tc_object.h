@@ -85,6 +85,13 @@ public:
     void PickUpAttributes() override;
     void Draw() override;
     void DrawTo(uint32_t* bits, int width, int height) override;
+    // A roll or crawl keeps the value drawn when its strips were made.
+    void ResetLive(int32_t, int32_t) override { FreeLive(); }
+    void FreeLive() override { m_liveImage.Reset(); }
+    void PrepareScrollImage(int32_t width, int32_t height) override;
+    void DrawLive(uint32_t* bits, int width, int height, int left, int top, int right,
+                  int bottom) override;
+    UstPoint GetLiveExtent() const override;
 
     void Serialize(CByteWriter& out) const;
     bool Deserialize(CByteReader& in);
@@ -116,7 +123,8 @@ private:
 
     std::vector<UstCharAttr> m_arrChar;
     UstTextLayout m_layout;
-    ObjectImage m_image;  // the value at the zoom, for the canvas
+    ObjectImage m_image;      // the value at the zoom, for the canvas
+    ObjectImage m_liveImage;  // the value at full scale, for a roll's run
 };
 
 }  // namespace orv

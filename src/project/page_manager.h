@@ -32,6 +32,8 @@ enum EPageCommand : uint32_t {
     CMD_ERASE_BACKGROUND = 241,
     CMD_INSERT_PICTURE = 243,
     CMD_INSERT_ANIMATION = 245,
+    CMD_INSERT_TIMER = 246,
+    CMD_TIMER_PROPERTIES = 40024,
     CMD_INSERT_BACKGROUND_FILE = 40050,
     CMD_INSERT_PICTURE_FILE = 40051,
     CMD_PAGE_TYPE = 736,
@@ -64,6 +66,8 @@ class CQRDObjectGroup;
 struct UstAniPlay;
 class CQRDObjectPicture;
 class CQRDObjectShape;
+class CQRDObjectTC;
+struct UstTCSetting;
 
 class CPageManager : public CPageContext {
 public:
@@ -159,6 +163,10 @@ public:
     CQRDObjectAni* InsertAnimation(const QString& source);
     // The play count of the selected animation.
     int AnimationProperties(const void* repeat);
+    // A new timer or clock from the dialog's record, the only selection.
+    CQRDObjectTC* InsertTimer(const UstTCSetting& setting);
+    // New settings for the one selected timer.
+    int TimerProperties(const void* setting);
     // One entry for each animation of the page, groups included, whose file
     // is there, its box scaled from the project's frame to w x h.
     void CollectAnimations(std::vector<UstAniPlay>& out, int w, int h) const;
