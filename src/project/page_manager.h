@@ -125,7 +125,9 @@ public:
     void DrawToImage(uint32_t* bits, int w, int h);
     // A frame for play: the background into the fill (and the key, when
     // given), then the objects. The caller has cleared both.
-    void DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h);
+    // withTimers false leaves the page's own timers out, for the play
+    // engine that runs them over the picture.
+    void DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h, bool withTimers = true);
     void RebuildPageText(bool measure);
     void SetModified(bool modified);
     void PushUndo(int kind);
@@ -242,7 +244,7 @@ public:
 private:
     // The background and every object's play drawing, as a Cut page goes
     // to air.
-    void DrawFrame(uint32_t* bits, uint32_t* keyBits, int w, int h);
+    void DrawFrame(uint32_t* bits, uint32_t* keyBits, int w, int h, bool withTimers = true);
     void CopyViewFrame();
     int Tail();
     void Redraw(const UstRect& before);

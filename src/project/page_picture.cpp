@@ -113,7 +113,8 @@ void CPageManager::DrawBackgroundStep(const UstEnv& env) {
                        {0, 0, m_nWidth, m_nHeight});
 }
 
-void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h) {
+void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h,
+                               bool withTimers) {
     if (!bits || w <= 0 || h <= 0) return;
     // A scroll page is longer than any frame: its objects make their live
     // state here, and the strips are cut from it later.
@@ -122,16 +123,16 @@ void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h) 
             o->PrepareScrollImage(w, h);
         return;
     }
-    DrawFrame(bits, keyBits, w, h);
+    DrawFrame(bits, keyBits, w, h, withTimers);
 }
 
-void CPageManager::DrawFrame(uint32_t* bits, uint32_t* keyBits, int w, int h) {
+void CPageManager::DrawFrame(uint32_t* bits, uint32_t* keyBits, int w, int h, bool withTimers) {
     if (!IsScrollPage() && m_background.bPresent) {
         if (!m_background.HasPixels()) m_background.Reload(ObjectFolder());
         m_background.DrawForPlay(bits, keyBits, w, h);
     }
     for (auto& o : m_objects)
-        o->DrawForPlay(bits, w, h);
+        if (withTimers || o->GetType() != OBJ_TIMER) o->DrawForPlay(bits, w, h);
 }
 
 }  // namespace orv
