@@ -1,6 +1,6 @@
 #include "playout/play_timers.h"
 
-#include <QPainter>
+#include <QImage>
 
 #include <algorithm>
 #include <chrono>
@@ -86,8 +86,10 @@ void CPlayTimers::End() {
 }
 
 void CPlayTimers::Control(const UstTimerControl& control) {
+    UstTimerControl stamped = control;
+    stamped.nAtMs = m_pClock->SteadyMs();
     std::lock_guard lock(m_mutex);
-    m_queue.push_back(control);
+    m_queue.push_back(stamped);
 }
 
 void CPlayTimers::TakeControls(int64_t now) {
@@ -99,17 +101,18 @@ void CPlayTimers::TakeControls(int64_t now) {
     for (const UstTimerControl& c : queue)
         for (UstRunningTimer& t : m_timers) {
             if (t.setting.nKind != 0) continue;  // a clock has nothing to control
-            const int64_t runMs = t.nRunMs + (t.bPaused ? 0 : now - t.nSinceMs);
+            const int64_t at = std::max(t.nSinceMs, std::min(c.nAtMs, now));
+            const int64_t runMs = t.nRunMs + (t.bPaused ? 0 : at - t.nSinceMs);
             if (c.nControl == TIMER_PAUSE && !t.bPaused) {
                 t.nRunMs = runMs;
                 t.bPaused = true;
             } else if (c.nControl == TIMER_RESUME && t.bPaused) {
-                t.nSinceMs = now;
+                t.nSinceMs = at;
                 t.bPaused = false;
             } else if (c.nControl == TIMER_RESTART || c.nControl == TIMER_SET) {
                 t.nBase = c.nControl == TIMER_SET ? c.nValue : int64_t{t.setting.nStart};
                 t.nRunMs = 0;
-                t.nSinceMs = now;
+                t.nSinceMs = at;
             }
         }
 }
@@ -154,11 +157,13 @@ void CPlayTimers::DrawShown(const UstRect& area) {
                   m_under.begin() + static_cast<ptrdiff_t>(row + area.right),
                   m_pFrame + row + area.left);
     }
-    QImage frame = WrapBlock(m_pFrame, m_nWidth, m_nHeight);
-    QPainter painter(&frame);
-    painter.setClipRect(area.ToQRect());
+    // The area alone as an image, so that nothing is drawn outside it.
+    QImage part(reinterpret_cast<uchar*>(m_pFrame + static_cast<size_t>(area.top) * m_nWidth +
+                                         area.left),
+                area.Width(), area.Height(), m_nWidth * 4, QImage::Format_ARGB32_Premultiplied);
     for (const UstRunningTimer& t : m_timers)
-        if (t.imgShown.Made() && Meets(t.rcShown, area)) t.imgShown.DrawOn(frame, QPoint(0, 0));
+        if (t.imgShown.Made() && Meets(t.rcShown, area))
+            t.imgShown.DrawOn(part, QPoint(-area.left, -area.top));
 }
 
 // The next second's value is drawn while the frame has time to spare, so

@@ -43,6 +43,7 @@ enum ETimerControl : int { TIMER_PAUSE = 0, TIMER_RESUME, TIMER_RESTART, TIMER_S
 struct UstTimerControl {
     int nControl = TIMER_PAUSE;
     int64_t nValue = 0;  // TIMER_SET: the new value in seconds
+    int64_t nAtMs = 0;   // when the operator gave it, stamped on arrival
 };
 
 // One timer's run: where it counts from, how long it has run, and what
@@ -85,7 +86,7 @@ public:
     // channel, with the canvas origin added. Answers the pixels written.
     int64_t Tick(CBoardChannel* channel, int canvasWidth);
 
-    // From any thread; taken at the next tick.
+    // From any thread; taken at the next tick, counted from when it came.
     void Control(const UstTimerControl& control);
 
     const std::vector<UstRunningTimer>& Timers() const { return m_timers; }

@@ -114,6 +114,9 @@ public:
     bool InsertAnimationFiles(const QStringList& files);
     // "Animation Properties" for the one selected animation.
     void ShowAnimationProperties();
+    // "Insert Timer/Counter" and 40024 on the selected timer, through the dialog.
+    void InsertTimer();
+    void ShowTimerProperties();
 
     // The project commands of the File menu.
     void NewProject();

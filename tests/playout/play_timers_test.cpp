@@ -42,6 +42,19 @@ UstTCSetting Countdown(int start, int end) {
     return {0, 0, 0, start, end, 0};
 }
 
+// Frames compared by their differing pixels, so that a failure says how much.
+int Differing(const std::vector<uint32_t>& a, const std::vector<uint32_t>& b) {
+    if (a.size() != b.size()) return -1;
+    int n = 0;
+    for (size_t i = 0; i < a.size(); ++i)
+        n += a[i] != b[i];
+    return n;
+}
+
+int White(const std::vector<uint32_t>& a) {
+    return static_cast<int>(std::count(a.begin(), a.end(), 0xFFFFFFFFu));
+}
+
 struct UstTimerRig {
     UstTimerRig() : rig(EPlayoutClock::HAND) {
         rig.engine->SetTimerClock(&clock);
@@ -92,7 +105,9 @@ TEST(TimerRun, CountdownChangesTenTimesHoldsAtItsEndAndTouchesNothingElse) {
     const CQRDObjectTC* timer = t.AddTimer(Countdown(10, 0));
     ASSERT_TRUE(t.Take());
     std::vector<uint32_t> air = t.rig.Air();
-    EXPECT_EQ(air, t.Still(10));
+    EXPECT_EQ(Differing(air, t.Still(10)), 0);
+    EXPECT_GT(White(air), 20);
+    EXPECT_GT(White(t.Still(10)), 20);
     // The value may grow sideways as digits drop; its box with a pixel to
     // spare is all that may change.
     const UstRect r = timer->m_rcStored;
@@ -107,11 +122,11 @@ TEST(TimerRun, CountdownChangesTenTimesHoldsAtItsEndAndTouchesNothingElse) {
                     ASSERT_EQ(now[static_cast<size_t>(y) * UstPlayRig::W + x],
                               first[static_cast<size_t>(y) * UstPlayRig::W + x])
                         << x << "," << y << " after " << s << " s";
-        if (s == 4) EXPECT_EQ(now, t.Still(6));
+        if (s == 4) EXPECT_EQ(Differing(now, t.Still(6)), 0);
         air = now;
     }
     EXPECT_EQ(changes, 10);
-    EXPECT_EQ(air, t.Still(0));
+    EXPECT_EQ(Differing(air, t.Still(0)), 0);
     // One change writes the value's box, never the frame.
     EXPECT_LE(t.rig.engine->TimerLargestWrite(), int64_t{r.Width() + 2} * (r.Height() + 2));
     EXPECT_GT(t.rig.engine->TimerLargestWrite(), 0);
@@ -123,21 +138,21 @@ TEST(TimerRun, PausedKeepsItsValueAndResumeRestartAndSetTakeEffectAtTheNextFrame
     ASSERT_TRUE(t.Take());
     t.Second();
     t.Second();
-    EXPECT_EQ(t.rig.Air(), t.Still(2));
+    EXPECT_EQ(Differing(t.rig.Air(), t.Still(2)), 0);
     t.rig.engine->TimerControl({TIMER_PAUSE, 0});
     for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(t.Second(), t.Still(2));
+        EXPECT_EQ(Differing(t.Second(), t.Still(2)), 0);
     t.rig.engine->TimerControl({TIMER_RESUME, 0});
-    EXPECT_EQ(t.Second(400), t.Still(2));  // a part of a second shows nothing
-    EXPECT_EQ(t.Second(600), t.Still(3));
+    EXPECT_EQ(Differing(t.Second(400), t.Still(2)), 0);  // a part of a second shows nothing
+    EXPECT_EQ(Differing(t.Second(600), t.Still(3)), 0);
     t.rig.engine->TimerControl({TIMER_SET, 40});
-    EXPECT_EQ(t.Second(0), t.Still(40));
-    EXPECT_EQ(t.Second(), t.Still(41));
+    EXPECT_EQ(Differing(t.Second(0), t.Still(40)), 0);
+    EXPECT_EQ(Differing(t.Second(), t.Still(41)), 0);
     t.rig.engine->TimerControl({TIMER_RESTART, 0});
-    EXPECT_EQ(t.Second(0), t.Still(0));
+    EXPECT_EQ(Differing(t.Second(0), t.Still(0)), 0);
     // A jump of the wall clock moves clocks only; the count keeps to its pace.
     t.clock.m_nWall += 3600;
-    EXPECT_EQ(t.Second(), t.Still(1));
+    EXPECT_EQ(Differing(t.Second(), t.Still(1)), 0);
 }
 
 TEST(TimerRun, TheOutStageAndStopEndTheRun) {
@@ -150,7 +165,7 @@ TEST(TimerRun, TheOutStageAndStopEndTheRun) {
     const std::vector<uint32_t> air = t.rig.Air();
     t.clock.Add(3000);
     t.rig.board.AdvanceFrame(50ms);
-    EXPECT_EQ(t.rig.Air(), air);
+    EXPECT_EQ(Differing(t.rig.Air(), air), 0);
 }
 
 TEST(TimerCount, DirectionFollowsTheEndAndHoldsThereAtAnyMagnitude) {
