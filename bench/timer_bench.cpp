@@ -145,7 +145,7 @@ void BM_ClockOnAir(benchmark::State& state) {
         engine.Key(PLAYKEY_STOP);
     }
     const double frame = double{W} * H;
-    const double clockArea = double{area.Width()} * area.Height();
+    const double clockArea = static_cast<double>(area.Width()) * area.Height();
     state.counters["worst_frames"] = static_cast<double>(worst);
     state.counters["changes_seen"] = static_cast<double>(changes);
     state.counters["write_of_frame"] = static_cast<double>(largest) / frame;
