@@ -3,6 +3,8 @@
 // machine the engine's thread gives them one frame at a time.
 #include <chrono>
 
+#include "board/decklink_pipeline.h"
+#include "playout/effect_decklink.h"
 #include "playout/play_engine.h"
 #include "project/page_manager.h"
 
@@ -39,8 +41,13 @@ void CPlayEngine::TickTimers(bool waitFrame) {
     if (waitFrame) channel->WaitFrame();
     if (!m_Lock.try_lock()) return;
     if (m_bTimersOn.load()) {
-        m_nTimerPixels.fetch_add(m_Timers.Tick(channel, m_pEffect->m_nCanvasWidth));
+        const int64_t written = m_Timers.Tick(channel, m_pEffect->m_nCanvasWidth);
+        m_nTimerPixels.fetch_add(written);
         m_nTimerLargest.store(m_Timers.LargestWrite());
+        // An interlaced output shows a held field beside the canvas: it takes
+        // the new value too, or every other line would keep the old one.
+        auto* card = dynamic_cast<EffectDecklink*>(m_pEffect.get());
+        if (written > 0 && card && card->m_pPipeline) card->m_pPipeline->CaptureField();
     }
     m_Lock.unlock();
 }
