@@ -373,6 +373,54 @@ Timer/Counter Properties...</source>
 Timer/Counter Properties...</translation>
     </message>
     <message>
+        <source>Timers</source>
+        <translation>Timers</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Resume</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Restart</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>Set...</translation>
+    </message>
+    <message>
+        <source>Set Timers</source>
+        <translation>Set Timers</translation>
+    </message>
+    <message>
+        <source>Timers</source>
+        <translation>Timers</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Resume</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Restart</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>Set...</translation>
+    </message>
+    <message>
+        <source>Set Timers</source>
+        <translation>Set Timers</translation>
+    </message>
+    <message>
         <source>Animation properties
 Animation Properties...</source>
         <translation>Animation properties

@@ -373,6 +373,30 @@ Timer/Counter Properties...</source>
 타이머/카운터 속성...</translation>
     </message>
     <message>
+        <source>Timers</source>
+        <translation>타이머</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>일시 정지</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>계속</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>다시 시작</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>설정...</translation>
+    </message>
+    <message>
+        <source>Set Timers</source>
+        <translation>타이머 설정</translation>
+    </message>
+    <message>
         <source>Animation properties
 Animation Properties...</source>
         <translation>애니메이션 속성
