@@ -125,8 +125,8 @@ void BM_ClockOnAir(benchmark::State& state) {
     look.effect.nShadowX = 6;
     look.effect.nShadowY = 6;
     const UstTCSetting clockSetting{1, 0, 5, 0, 0, 1};
-    auto* clock = static_cast<CQRDObjectTC*>(page.AddObject(
-        std::make_unique<CQRDObjectTC>(&page, look, clockSetting, 1500.0f, 150.0f)));
+    auto* clock = static_cast<CQRDObjectTC*>(
+        page.AddObject(std::make_unique<CQRDObjectTC>(&page, look, clockSetting, 1500.0f, 150.0f)));
     const UstRect area = ClockArea(*clock);
     CfgVideo mode;
     ModeByShortName("1080i5994", mode);

@@ -11,7 +11,8 @@ namespace orv::cli {
 namespace {
 
 std::string_view Trim(std::string_view s) {
-    while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
+    while (!s.empty() && (s.front() == ' ' || s.front() == '\t'))
+        s.remove_prefix(1);
     while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r'))
         s.remove_suffix(1);
     return s;
@@ -58,10 +59,14 @@ bool ParseTimerCommand(std::string_view line, UstTimerControl& out, bool& none) 
         return ReadValue(rest, out.nValue);
     }
     if (!rest.empty()) return false;
-    if (word == "pause") out.nControl = TIMER_PAUSE;
-    else if (word == "resume") out.nControl = TIMER_RESUME;
-    else if (word == "restart") out.nControl = TIMER_RESTART;
-    else return false;
+    if (word == "pause")
+        out.nControl = TIMER_PAUSE;
+    else if (word == "resume")
+        out.nControl = TIMER_RESUME;
+    else if (word == "restart")
+        out.nControl = TIMER_RESTART;
+    else
+        return false;
     return true;
 }
 

@@ -97,7 +97,9 @@ QString CounterValue(int format, int seconds, int minutes, int hours) {
 }  // namespace
 
 UstClockNames InterfaceClockNames() {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("CQRDObjectTC", text); };
+    const auto tr = [](const char* text) {
+        return QCoreApplication::translate("CQRDObjectTC", text);
+    };
     UstClockNames names;
     names.weekday = {tr("Sunday"),   tr("Monday"), tr("Tuesday"), tr("Wednesday"),
                      tr("Thursday"), tr("Friday"), tr("Saturday")};
@@ -106,8 +108,7 @@ UstClockNames InterfaceClockNames() {
     return names;
 }
 
-QString FormatClock(const UstTCSetting& setting, const std::tm& local,
-                    const UstClockNames& names) {
+QString FormatClock(const UstTCSetting& setting, const std::tm& local, const UstClockNames& names) {
     const int index = setting.nClockFormat;
     if (index < 0 || index >= TC_CLOCK_FORMATS) return {};
     const UstClockFormat& f = CLOCK_FORMATS[static_cast<size_t>(index)];

@@ -44,14 +44,14 @@ std::vector<UstCharAttr> TimerChars(const UstDefaultAttr& look, const QString& v
     return chars;
 }
 
-void RenderTimerValue(const UstDefaultAttr& look, float storeX, float storeY,
-                      const QString& value, ObjectImage& out) {
+void RenderTimerValue(const UstDefaultAttr& look, float storeX, float storeY, const QString& value,
+                      ObjectImage& out) {
     const std::vector<UstCharAttr> chars = TimerChars(look, value);
     UstTextLayout layout;
     UstRect rect;
     if (!chars.empty())
-        LayoutText(layout, storeX, storeY, rect, chars.data(), static_cast<int>(chars.size()),
-                   1.0f, 1.0f);
+        LayoutText(layout, storeX, storeY, rect, chars.data(), static_cast<int>(chars.size()), 1.0f,
+                   1.0f);
     RenderAt(look, chars, layout, 1.0f, out);
 }
 
@@ -104,8 +104,8 @@ UstRect CQRDObjectTC::GetInvalidRect() const {
     UstRect r = {m_rcView.left - INVALID_MARGIN, m_rcView.top - INVALID_MARGIN,
                  m_rcView.right + INVALID_MARGIN, m_rcView.bottom + INVALID_MARGIN};
     if (m_image.Made())
-        r = UnionRect(r, {m_image.x, m_image.y, m_image.x + m_image.width,
-                          m_image.y + m_image.height});
+        r = UnionRect(
+            r, {m_image.x, m_image.y, m_image.x + m_image.width, m_image.y + m_image.height});
     r = Offset(r, o.x - s.x, o.y - s.y);
     const UstRect visible = {o.x - 1, o.y - 1, o.x + m_pPage->GetCanvasWidth() + 1,
                              o.y + m_pPage->GetCanvasHeight() + 1};

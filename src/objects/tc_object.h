@@ -63,8 +63,8 @@ std::vector<UstCharAttr> TimerChars(const UstDefaultAttr& look, const QString& v
 
 // The value with face, edge, outline and shadow at full scale, placed on
 // the page by the origin. Nothing is made for an empty value.
-void RenderTimerValue(const UstDefaultAttr& look, float storeX, float storeY,
-                      const QString& value, ObjectImage& out);
+void RenderTimerValue(const UstDefaultAttr& look, float storeX, float storeY, const QString& value,
+                      ObjectImage& out);
 
 class CQRDObjectTC : public CQRDObject {
 public:

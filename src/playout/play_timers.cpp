@@ -158,9 +158,9 @@ void CPlayTimers::DrawShown(const UstRect& area) {
                   m_pFrame + row + area.left);
     }
     // The area alone as an image, so that nothing is drawn outside it.
-    QImage part(reinterpret_cast<uchar*>(m_pFrame + static_cast<size_t>(area.top) * m_nWidth +
-                                         area.left),
-                area.Width(), area.Height(), m_nWidth * 4, QImage::Format_ARGB32_Premultiplied);
+    QImage part(
+        reinterpret_cast<uchar*>(m_pFrame + static_cast<size_t>(area.top) * m_nWidth + area.left),
+        area.Width(), area.Height(), m_nWidth * 4, QImage::Format_ARGB32_Premultiplied);
     for (const UstRunningTimer& t : m_timers)
         if (t.imgShown.Made() && Meets(t.rcShown, area))
             t.imgShown.DrawOn(part, QPoint(-area.left, -area.top));
@@ -190,9 +190,8 @@ int64_t CPlayTimers::Tick(CBoardChannel* channel, int canvasWidth) {
         if (channel) {
             int x0 = 0, y0 = 0;
             channel->GetOrigin(x0, y0);
-            channel->CopyRect((x0 + area.left) % std::max(canvasWidth, 1), y0 + area.top,
-                              m_nWidth, area.left, area.top, area.Width(), area.Height(),
-                              m_pFrame);
+            channel->CopyRect((x0 + area.left) % std::max(canvasWidth, 1), y0 + area.top, m_nWidth,
+                              area.left, area.top, area.Width(), area.Height(), m_pFrame);
         }
         const int64_t pixels = int64_t{area.Width()} * area.Height();
         m_nLargestWrite = std::max(m_nLargestWrite, pixels);

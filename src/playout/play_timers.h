@@ -52,14 +52,14 @@ struct UstRunningTimer {
     UstDefaultAttr look{};
     UstTCSetting setting{};
     float fX = 0, fY = 0;
-    int64_t nBase = 0;       // the value when the run (re)started
-    int64_t nRunMs = 0;      // time counted before the last resume
-    int64_t nSinceMs = 0;    // the steady time of the last resume
+    int64_t nBase = 0;     // the value when the run (re)started
+    int64_t nRunMs = 0;    // time counted before the last resume
+    int64_t nSinceMs = 0;  // the steady time of the last resume
     bool bPaused = false;
     QString strShown;
-    UstRect rcShown;         // frame pixels the shown value covers
+    UstRect rcShown;  // frame pixels the shown value covers
     ObjectImage imgShown;
-    QString strNext;         // the value expected next, made in advance
+    QString strNext;  // the value expected next, made in advance
     ObjectImage imgNext;
 };
 

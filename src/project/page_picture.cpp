@@ -113,8 +113,7 @@ void CPageManager::DrawBackgroundStep(const UstEnv& env) {
                        {0, 0, m_nWidth, m_nHeight});
 }
 
-void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h,
-                               bool withTimers) {
+void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* keyBits, int w, int h, bool withTimers) {
     if (!bits || w <= 0 || h <= 0) return;
     // A scroll page is longer than any frame: its objects make their live
     // state here, and the strips are cut from it later.

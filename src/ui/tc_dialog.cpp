@@ -14,9 +14,8 @@ namespace {
 
 const char* const COUNT_NAMES[TC_COUNT_FORMATS] = {"s",    "ss",    "m:ss",    "mm:ss",
                                                    "h:mm", "hh:mm", "h:mm:ss", "hh:mm:ss"};
-const char* const CLOCK_NAMES[TC_CLOCK_FORMATS] = {"h:mm",        "h:mm ap",  "hh:mm ap",
-                                                   "h:mm:ss ap",  "hh:mm:ss ap", "h:mm:ss",
-                                                   "MT.DY(WD)"};
+const char* const CLOCK_NAMES[TC_CLOCK_FORMATS] = {
+    "h:mm", "h:mm ap", "hh:mm ap", "h:mm:ss ap", "hh:mm:ss ap", "h:mm:ss", "MT.DY(WD)"};
 
 int DigitAt(const QString& text, int index) {
     return index < text.size() && text[index].isDigit() ? text[index].digitValue() : 0;

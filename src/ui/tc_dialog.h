@@ -33,9 +33,9 @@ public:
     // The record as the controls hold it, start and end read from the texts.
     UstTCSetting Setting() const;
 
-    QRadioButton* m_pTimer;  // 1060
-    QRadioButton* m_pClock;  // 1061
-    QComboBox* m_pFormat;    // 1063
+    QRadioButton* m_pTimer;   // 1060
+    QRadioButton* m_pClock;   // 1061
+    QComboBox* m_pFormat;     // 1063
     VDateTimeEdit* m_pStart;  // 1066
     VDateTimeEdit* m_pEnd;    // 1068
     QLabel* m_pPreview;       // 1070

@@ -1,8 +1,8 @@
 // The operator's hold on the timers of the page on air: pause, resume,
 // restart, and a new value, from the Play menu.
 #include <QDialogButtonBox>
-#include <QVBoxLayout>
 #include <QMenu>
+#include <QVBoxLayout>
 
 #include "playout/play_engine.h"
 #include "ui/main_frame.h"

@@ -36,15 +36,15 @@ QString K(const char* utf8) {
 }
 
 UstClockNames English() {
-    return {{"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"},
-            "AM",
-            "PM"};
+    return {
+        {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"}, "AM", "PM"};
 }
 
 UstClockNames Korean() {
-    return {{K("일요일"), K("월요일"), K("화요일"), K("수요일"), K("목요일"), K("금요일"), K("토요일")},
-            K("오전"),
-            K("오후")};
+    return {
+        {K("일요일"), K("월요일"), K("화요일"), K("수요일"), K("목요일"), K("금요일"), K("토요일")},
+        K("오전"),
+        K("오후")};
 }
 
 TEST(TimerClock, TwelveHourFormsTrimTheirZeroAndTheTwentyFourHourFormsKeepIt) {
@@ -115,8 +115,8 @@ TEST(TimerDrawing, ValueDrawsWithFaceAndEdgeInsideItsRectangleOnAirAndOnTheCanva
                 const uint32_t p = frame[static_cast<size_t>(y) * 400 + x];
                 red += p == 0xFFFF0000u;
                 blue += p == 0xFF0000FFu;
-                const bool near = x >= r.left - 4 && x < r.right + 4 && y >= r.top - 4 &&
-                                  y < r.bottom + 4;
+                const bool near =
+                    x >= r.left - 4 && x < r.right + 4 && y >= r.top - 4 && y < r.bottom + 4;
                 outside += p != 0 && !near;
             }
         EXPECT_GT(red, 200) << face;

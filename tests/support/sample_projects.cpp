@@ -144,12 +144,12 @@ void BuildTimers(CProjectManager& project) {
     look.attr.fill[UstAttr::BODY].clrSolid = 0xFFFFD040u;
     look.attr.fill[UstAttr::EDGE].clrSolid = 0xFF000000u;
     look.attr.fill[UstAttr::SHADOW].clrSolid = 0xC0000000u;
-    page->AddObject(std::make_unique<CQRDObjectTC>(page, look, UstTCSetting{0, 2, 0, 10, 0, 0},
-                                                   150, 945));
+    page->AddObject(
+        std::make_unique<CQRDObjectTC>(page, look, UstTCSetting{0, 2, 0, 10, 0, 0}, 150, 945));
     look.font.nSize = 84;
     look.attr.fill[UstAttr::BODY].clrSolid = 0xFFFFFFFFu;
-    page->AddObject(std::make_unique<CQRDObjectTC>(page, look, UstTCSetting{1, 0, 5, 0, 0, 1},
-                                                   1420, 150));
+    page->AddObject(
+        std::make_unique<CQRDObjectTC>(page, look, UstTCSetting{1, 0, 5, 0, 0, 1}, 1420, 150));
     page->m_effect = {3, 10, 12, 0, 3, 10, 0, 1, 0, 0, 0};
 }
 
