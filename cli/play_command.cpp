@@ -26,6 +26,7 @@
 #include "playout/effect_request.h"
 #include "playout/play_engine.h"
 #include "project/project_manager.h"
+#include "timer_commands.h"
 
 namespace orv::cli {
 
@@ -44,7 +45,8 @@ struct UstPlayArgs {
 constexpr const char* USAGE =
     "usage: orvantis-cli play PROJECT [--pages A-B] [--auto] [--repeat N] "
     "[--ignore-discarded] [--mode MODE] [--queue N] --output "
-    "(card|file:PATH.mkv|srt://HOST:PORT|null)\n";
+    "(card|file:PATH.mkv|srt://HOST:PORT|null)\n"
+    "standard input, one a line, for running timers: pause, resume, restart, set SECONDS\n";
 
 // A whole number within [low, high], nothing around it.
 bool ReadNumber(std::string_view text, int low, int high, int& out) {
@@ -177,6 +179,8 @@ private:
     bool PrepareList();
     // Prints what came; false when the engine said the list is done.
     bool Print(std::chrono::milliseconds wait);
+    // The timer commands that came on the standard input.
+    void ReadCommands();
     // Waits in pieces, printing; false when a signal came.
     bool Hold(int seconds);
     void PlayManually();
@@ -188,6 +192,7 @@ private:
     CPlayReport m_report;
     UstPlayList m_list;
     std::unique_ptr<CPlayEngine> m_engine;
+    CLineReader m_input{STDIN_FILENO};
     int m_nPosts = 0, m_nLoaded = -1;
     bool m_bDone = false;
 };
@@ -220,7 +225,20 @@ bool CPlayRun::PrepareList() {
     return true;
 }
 
+void CPlayRun::ReadCommands() {
+    std::string line;
+    while (m_engine && m_input.Next(line)) {
+        UstTimerControl control;
+        bool none = false;
+        if (!ParseTimerCommand(line, control, none))
+            std::fprintf(stderr, "orvantis-cli play: not a timer command: %s\n", line.c_str());
+        else if (!none)
+            m_engine->TimerControl(control);
+    }
+}
+
 bool CPlayRun::Print(std::chrono::milliseconds wait) {
+    ReadCommands();
     for (const CPlayReport::UstEntry& e : m_report.Take(wait)) {
         ++m_nPosts;
         if (e.nState == PLAY_LOAD) m_nLoaded = e.nParam;

@@ -385,6 +385,66 @@ Animation...</source>
 Animation...</translation>
     </message>
     <message>
+        <source>Insert a timer, counter or clock
+Insert Timer/Counter</source>
+        <translation>Insert a timer, counter or clock
+Insert Timer/Counter</translation>
+    </message>
+    <message>
+        <source>Timer/Counter properties
+Timer/Counter Properties...</source>
+        <translation>Timer/Counter properties
+Timer/Counter Properties...</translation>
+    </message>
+    <message>
+        <source>Timers</source>
+        <translation>Timers</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Resume</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Restart</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>Set...</translation>
+    </message>
+    <message>
+        <source>Set Timers</source>
+        <translation>Set Timers</translation>
+    </message>
+    <message>
+        <source>Timers</source>
+        <translation>Timers</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Resume</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Restart</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>Set...</translation>
+    </message>
+    <message>
+        <source>Set Timers</source>
+        <translation>Set Timers</translation>
+    </message>
+    <message>
         <source>Animation properties
 Animation Properties...</source>
         <translation>Animation properties
@@ -1241,6 +1301,80 @@ Recovering from the last modification.</translation>
     <message>
         <source> is saved.</source>
         <translation> is saved.</translation>
+    </message>
+</context>
+<context>
+    <name>CQRDObjectTC</name>
+    <message>
+        <source>Sunday</source>
+        <translation>Sunday</translation>
+    </message>
+    <message>
+        <source>Monday</source>
+        <translation>Monday</translation>
+    </message>
+    <message>
+        <source>Tuesday</source>
+        <translation>Tuesday</translation>
+    </message>
+    <message>
+        <source>Wednesday</source>
+        <translation>Wednesday</translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation>Thursday</translation>
+    </message>
+    <message>
+        <source>Friday</source>
+        <translation>Friday</translation>
+    </message>
+    <message>
+        <source>Saturday</source>
+        <translation>Saturday</translation>
+    </message>
+    <message>
+        <source>AM</source>
+        <translation>AM</translation>
+    </message>
+    <message>
+        <source>PM</source>
+        <translation>PM</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPropTC</name>
+    <message>
+        <source>Timer/Counter Properties</source>
+        <translation>Timer/Counter Properties</translation>
+    </message>
+    <message>
+        <source>Timer/Counter</source>
+        <translation>Timer/Counter</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Clock</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>Format:</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>Start:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>End:</translation>
+    </message>
+    <message>
+        <source>24 hours</source>
+        <translation>24 hours</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>Preview:</translation>
     </message>
 </context>
 </TS>

@@ -385,6 +385,42 @@ Animation...</source>
 애니메이션...</translation>
     </message>
     <message>
+        <source>Insert a timer, counter or clock
+Insert Timer/Counter</source>
+        <translation>타이머, 카운터 또는 시계 삽입
+타이머/카운터 삽입</translation>
+    </message>
+    <message>
+        <source>Timer/Counter properties
+Timer/Counter Properties...</source>
+        <translation>타이머/카운터 속성
+타이머/카운터 속성...</translation>
+    </message>
+    <message>
+        <source>Timers</source>
+        <translation>타이머</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>일시 정지</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>계속</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>다시 시작</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>설정...</translation>
+    </message>
+    <message>
+        <source>Set Timers</source>
+        <translation>타이머 설정</translation>
+    </message>
+    <message>
         <source>Animation properties
 Animation Properties...</source>
         <translation>애니메이션 속성
@@ -1241,6 +1277,80 @@ Recovering from the last modification.</source>
     <message>
         <source> is saved.</source>
         <translation> 파일이 저장되었습니다.</translation>
+    </message>
+</context>
+<context>
+    <name>CQRDObjectTC</name>
+    <message>
+        <source>Sunday</source>
+        <translation>일요일</translation>
+    </message>
+    <message>
+        <source>Monday</source>
+        <translation>월요일</translation>
+    </message>
+    <message>
+        <source>Tuesday</source>
+        <translation>화요일</translation>
+    </message>
+    <message>
+        <source>Wednesday</source>
+        <translation>수요일</translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation>목요일</translation>
+    </message>
+    <message>
+        <source>Friday</source>
+        <translation>금요일</translation>
+    </message>
+    <message>
+        <source>Saturday</source>
+        <translation>토요일</translation>
+    </message>
+    <message>
+        <source>AM</source>
+        <translation>오전</translation>
+    </message>
+    <message>
+        <source>PM</source>
+        <translation>오후</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPropTC</name>
+    <message>
+        <source>Timer/Counter Properties</source>
+        <translation>타이머/카운터 속성</translation>
+    </message>
+    <message>
+        <source>Timer/Counter</source>
+        <translation>타이머/카운터</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>시계</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>형식:</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>시작:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>끝:</translation>
+    </message>
+    <message>
+        <source>24 hours</source>
+        <translation>24시간</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>미리 보기:</translation>
     </message>
 </context>
 </TS>

@@ -69,6 +69,7 @@ void CPlayEngine::RunAutoLoop() {
                     CStepLock lock(*this);
                     if (!Running()) break;
                     Post(PLAY_OUT, index);
+                    StopTimers();
                     m_pEffect->Run(RequestWords(page->m_effect), 2, nullptr);
                 }
                 m_nState.store(PLAY_GONE);
@@ -138,6 +139,7 @@ bool CPlayEngine::Hold(int seconds) {
             m_fnWait(DELAY_PIECE_MS);
         else
             m_pEffect->WaitMs(DELAY_PIECE_MS);
+        if (TimersRunning()) TickTimers(false);
     }
     return Running();
 }

@@ -51,7 +51,7 @@ CPlayEngine::~CPlayEngine() {
 
 void CPlayEngine::WorkerMain() {
     while (!m_bExit.load()) {
-        m_hEvent.Wait();
+        WaitForWork();
         if (Step()) RunAutoLoop();
     }
 }
@@ -126,6 +126,7 @@ void CPlayEngine::Key(int key) {
         // Text that waited to be typed on shows whole.
         if (m_nState.load() == PLAY_TYPING && m_pPage.load())
             m_pEffect->ShowAllTyped(*m_pPage.load());
+        StopTimers();
         m_nState.store(PLAY_IDLE);
         m_Lock.unlock();
     } else if (key == PLAYKEY_ERASE) {
@@ -177,6 +178,7 @@ void CPlayEngine::GetBufferInfo(UstBufferInfo& out) const {
 
 void CPlayEngine::ClearOutput() {
     std::lock_guard lock(m_Lock);
+    StopTimers();
     m_pEffect->Clear();
 }
 
@@ -194,8 +196,11 @@ void CPlayEngine::RenderPage(CPageManager* page) {
     std::fill_n(m_pBufferA.data(), m_pBufferA.size(), 0u);
     std::fill_n(m_pBufferB.data(), m_pBufferB.size(), 0u);
     if (!page->IsScrollPage()) Effect::HideTyping(*page);
+    StopTimers();
+    const bool timers = HasRunningTimers(*page);
     page->DrawForPlay(m_pBufferA.data(), page->HasBlinkObject() ? m_pBufferB.data() : nullptr,
-                      m_nWidth, m_nHeight);
+                      m_nWidth, m_nHeight, !timers);
+    if (timers) StartTimers(page);
 }
 
 void CPlayEngine::BeginScroll(CPageManager* page) {
@@ -265,6 +270,7 @@ void CPlayEngine::StepSingle() {
             return;
         case PLAY_OUT:
             Post(PLAY_OUT, 0);
+            StopTimers();
             if (request && CTransitionDriver::HasOutStage(request))
                 m_pEffect->Run(request, 2, nullptr);
             Post(PLAY_GONE, 1);
@@ -352,6 +358,7 @@ void CPlayEngine::StepList() {
             SetMode(2);
             Post(PLAY_OUT, m_nInHand);
             int* request = RequestWords(m_pInHand->m_effect);
+            StopTimers();
             if (CTransitionDriver::HasOutStage(request)) m_pEffect->Run(request, 2, nullptr);
             ListPageGone(*list, m_nInHand);
             SetMode(1);

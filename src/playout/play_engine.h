@@ -17,6 +17,7 @@
 #include "playout/auto_event.h"
 #include "playout/effect.h"
 #include "playout/play_list.h"
+#include "playout/play_timers.h"
 #include "playout/worker_thread.h"
 #include "render/geometry.h"
 
@@ -91,6 +92,19 @@ public:
     // effect's WaitMs unless a test counts the pieces instead. Set it before
     // the engine plays.
     void SetDelayWait(std::function<void(int ms)> wait) { m_fnWait = std::move(wait); }
+    // The operator's pause, resume, restart and set of the running timers,
+    // from any thread; the next frame takes them.
+    void TimerControl(const UstTimerControl& control) { m_Timers.Control(control); }
+    // What the running timers read the time from; tests give their own.
+    // Set it before the engine plays.
+    void SetTimerClock(ITimerClock* clock) { m_Timers.SetClock(clock ? clock : &m_SystemClock); }
+    // Timers of the page on air are running.
+    bool TimersRunning() const { return m_bTimersOn.load() != 0; }
+    // Pixels the running timers wrote to the canvas, and the largest one
+    // change wrote, for the tests and the benchmark.
+    int64_t TimerPixelsWritten() const { return m_nTimerPixels.load(); }
+    int64_t TimerLargestWrite() const { return m_nTimerLargest.load(); }
+
     // The passes the automatic loop has left.
     int Passes() const { return m_nPasses.load(); }
 
@@ -154,6 +168,14 @@ private:
     void EndScroll(CPageManager* page);
     void Post(int state, int param);
     void SetMode(int mode);
+    // Running timers: started with the page's picture, stopped when it goes.
+    void StartTimers(CPageManager* page);
+    void StopTimers();
+    // Between steps: one frame of the running timers at a time, until a key.
+    void WaitForWork();
+    // One frame's change of the timers, under the lock if it is free; the
+    // automatic loop's delays have waited for the frame already.
+    void TickTimers(bool waitFrame = true);
 
     std::unique_ptr<Effect> m_pEffect;
     int32_t m_nWidth = 0, m_nHeight = 0;
@@ -172,6 +194,11 @@ private:
     std::atomic<int32_t> m_bSinglePage{0};
     std::function<void(int)> m_fnWait;
     std::atomic<int32_t> m_nPasses{0};
+    CSystemTimerClock m_SystemClock;
+    CPlayTimers m_Timers{&m_SystemClock};  // the worker's, under m_Lock
+    std::atomic<int32_t> m_bTimersOn{0};
+    std::atomic<int64_t> m_nTimerPixels{0};
+    std::atomic<int64_t> m_nTimerLargest{0};
     // The worker's own: the list page in hand and its index.
     CPageManager* m_pInHand = nullptr;
     int m_nInHand = 0;

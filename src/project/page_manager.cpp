@@ -176,6 +176,10 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
             return arg && InsertAnimation(*static_cast<const QString*>(arg)) ? 1 : 0;
         case CMD_ANIMATION_PROPERTIES:
             return AnimationProperties(arg);
+        case CMD_INSERT_TIMER:
+            return arg && InsertTimer(*static_cast<const UstTCSetting*>(arg)) ? 1 : 0;
+        case CMD_TIMER_PROPERTIES:
+            return TimerProperties(arg);
         case CMD_INSERT_BACKGROUND:
         case CMD_INSERT_BACKGROUND_FILE:
             return arg ? InsertBackground(*static_cast<const QString*>(arg)) : 0;

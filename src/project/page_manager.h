@@ -34,6 +34,8 @@ enum EPageCommand : uint32_t {
     CMD_ERASE_BACKGROUND = 241,
     CMD_INSERT_PICTURE = 243,
     CMD_INSERT_ANIMATION = 245,
+    CMD_INSERT_TIMER = 246,
+    CMD_TIMER_PROPERTIES = 40024,
     CMD_INSERT_BACKGROUND_FILE = 40050,
     CMD_INSERT_PICTURE_FILE = 40051,
     CMD_PAGE_TYPE = 736,
@@ -66,6 +68,8 @@ class CQRDObjectGroup;
 struct UstAniPlay;
 class CQRDObjectPicture;
 class CQRDObjectShape;
+class CQRDObjectTC;
+struct UstTCSetting;
 
 class CPageManager : public CPageContext {
 public:
@@ -164,7 +168,9 @@ public:
     // A frame for play: the background, then the objects, into buffer A;
     // with buffer B, the same page without its blinking parts (or with them
     // in the blink colour) into B as well. The caller has cleared both.
-    void DrawForPlay(uint32_t* bits, uint32_t* blinkBits, int w, int h);
+    // withTimers false leaves the page's own timers out, for the play
+    // engine that runs them over the picture.
+    void DrawForPlay(uint32_t* bits, uint32_t* blinkBits, int w, int h, bool withTimers = true);
     void RebuildPageText(bool measure);
     void SetModified(bool modified);
     void PushUndo(int kind);
@@ -205,6 +211,10 @@ public:
     std::unique_ptr<CQRDObjectAni> MakeAnimation(const QString& source);
     // The play count of the selected animation.
     int AnimationProperties(const void* repeat);
+    // A new timer or clock from the dialog's record, the only selection.
+    CQRDObjectTC* InsertTimer(const UstTCSetting& setting);
+    // New settings for the one selected timer.
+    int TimerProperties(const void* setting);
     // One entry for each animation of the page, groups included, whose file
     // is there, its box scaled from the project's frame to w x h.
     void CollectAnimations(std::vector<UstAniPlay>& out, int w, int h) const;
@@ -281,7 +291,7 @@ public:
 private:
     // The background and every object's play drawing, as a Cut page goes
     // to air.
-    void DrawFrame(uint32_t* bits, uint32_t* blinkBits, int w, int h);
+    void DrawFrame(uint32_t* bits, uint32_t* blinkBits, int w, int h, bool withTimers = true);
     void CopyViewFrame();
     int Tail();
     void Redraw(const UstRect& before);

@@ -118,7 +118,7 @@ void CPageManager::DrawBackgroundStep(const UstEnv& env) {
                        {0, 0, m_nWidth, m_nHeight});
 }
 
-void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* blinkBits, int w, int h) {
+void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* blinkBits, int w, int h, bool withTimers) {
     if (!bits || w <= 0 || h <= 0) return;
     // A scroll page is longer than any frame: its objects make their live
     // state here, and the strips are cut from it later.
@@ -127,15 +127,16 @@ void CPageManager::DrawForPlay(uint32_t* bits, uint32_t* blinkBits, int w, int h
             o->PrepareScrollImage(w, h);
         return;
     }
-    DrawFrame(bits, blinkBits, w, h);
+    DrawFrame(bits, blinkBits, w, h, withTimers);
 }
 
-void CPageManager::DrawFrame(uint32_t* bits, uint32_t* blinkBits, int w, int h) {
+void CPageManager::DrawFrame(uint32_t* bits, uint32_t* blinkBits, int w, int h, bool withTimers) {
     if (!IsScrollPage() && m_background.bPresent) {
         if (!m_background.HasPixels()) m_background.Reload(ObjectFolder());
         m_background.DrawForPlay(bits, blinkBits, w, h);
     }
     for (auto& o : m_objects) {
+        if (!withTimers && o->GetType() == OBJ_TIMER) continue;
         o->DrawForPlay(bits, w, h);
         if (blinkBits) o->PrepareBlinkFrame(blinkBits, w, h, m_blink.nMode, m_blink.crColor);
     }

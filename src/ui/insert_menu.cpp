@@ -8,8 +8,10 @@
 #include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
+#include "objects/tc_object.h"
 #include "project/project_manager.h"
 #include "ui/main_frame.h"
+#include "ui/tc_dialog.h"
 #include "ui/zevrant_view.h"
 
 namespace orv {
@@ -50,6 +52,10 @@ void CMainFrame::CreateInsertMenu() {
         CMD_PREVIEW_ANIMATION, [this] {
             if (CZevrantView* view = ActiveView()) view->PreviewAnimation();
         });
+    add(tr("Insert a timer, counter or clock\nInsert Timer/Counter"), CMD_INSERT_TIMER,
+        [this] { InsertTimer(); });
+    add(tr("Timer/Counter properties\nTimer/Counter Properties..."), CMD_TIMER_PROPERTIES,
+        [this] { ShowTimerProperties(); });
     menu->addSeparator();
     add(tr("Start keying\nStart Keying"), CMD_START_KEYING, page(CMD_START_KEYING));
     add(tr("Reset key value\nReset Key"), CMD_RESET_KEY, page(CMD_RESET_KEY));
@@ -68,6 +74,29 @@ void CMainFrame::InsertPictureFile(uint32_t command) {
     view->EndTextEdit();
     if (!view->PageCommand(command, &file))
         QMessageBox::warning(this, windowTitle(), tr("Failed loading picture."));
+}
+
+void CMainFrame::InsertTimer() {
+    CZevrantView* view = ActiveView();
+    if (!view) return;
+    CDlgPropTC dialog(UstTCSetting{}, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    view->EndTextEdit();
+    const UstTCSetting setting = dialog.Setting();
+    view->PageCommand(CMD_INSERT_TIMER, &setting);
+}
+
+// The settings of the timer are edited, not dropped: an operator who opens
+// them expects the change to stand.
+void CMainFrame::ShowTimerProperties() {
+    CZevrantView* view = ActiveView();
+    CPageManager* page = view ? view->Page() : nullptr;
+    if (!page || !page->OneSelectedOfKind(OBJ_TIMER)) return;
+    const auto* timer = static_cast<const CQRDObjectTC*>(page->Selection().front());
+    CDlgPropTC dialog(timer->m_setting, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const UstTCSetting setting = dialog.Setting();
+    view->PageCommand(CMD_TIMER_PROPERTIES, &setting);
 }
 
 void CMainFrame::InsertBackgroundToAll() {

@@ -114,6 +114,12 @@ public:
     bool InsertAnimationFiles(const QStringList& files);
     // "Animation Properties" for the one selected animation.
     void ShowAnimationProperties();
+    // "Insert Timer/Counter" and 40024 on the selected timer, through the dialog.
+    void InsertTimer();
+    void ShowTimerProperties();
+    // The Play menu's hold on the running timers.
+    void CreateTimerControls(QMenu* menu);
+    void SetRunningTimers();
 
     // The project commands of the File menu.
     void NewProject();

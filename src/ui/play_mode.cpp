@@ -58,6 +58,7 @@ void CMainFrame::CreatePlayMenu() {
         const int32_t toggle = 1;
         if (page && m_nPlayState == 0) page->SetEffectValue(&toggle, 800);
     });
+    CreateTimerControls(m_pPlayMenu);
 
     const UstPlayContext context{[this] { return m_pPlayEngine.get(); },
                                  [this] { return m_nPlayState; }};

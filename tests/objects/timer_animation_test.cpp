@@ -104,7 +104,7 @@ TEST(TimerObject, MovesByItsOriginAndANudgeIsOneUnit) {
     ASSERT_TRUE(timer.Execute(&to, CMD_SET_RECT));
     EXPECT_EQ(timer.m_fStoreX, 51.0f);
     EXPECT_EQ(timer.m_fStoreY, 230.0f);
-    EXPECT_FALSE(timer.Execute(&to, 260));
+    EXPECT_FALSE(timer.Execute(&to, 999));
 }
 
 CBytes AnimationBytes(const QString& file) {

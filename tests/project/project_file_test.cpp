@@ -149,7 +149,7 @@ TEST_F(ProjectFile, SavingNeedsTheFileToExist) {
 
 TEST_F(ProjectFile, EverySampleReadsAndWritesToTheSameBytes) {
     const std::vector<QString> files = test::WriteSampleProjects(dir.filePath("samples"));
-    ASSERT_EQ(files.size(), 6u);
+    ASSERT_EQ(files.size(), 7u);
     for (const QString& file : files) {
         CProjectManager project;
         QString error;

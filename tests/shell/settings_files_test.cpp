@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include "objects/tc_object.h"
 #include "project/profile_file.h"
 #include "shell/language.h"
 #include "shell/settings_files.h"
@@ -116,6 +117,27 @@ TEST(Language, TheChosenTranslationIsInstalled) {
     QTranslator translator, toolkit;
     ASSERT_TRUE(InstallTranslation(9, translator, toolkit));
     EXPECT_EQ(QCoreApplication::translate(frame, "Initializing..."), "Initializing...");
+}
+
+// Clocks take their names from the interface, whatever locales the system has.
+TEST(Language, ClocksNameDaysAndHalvesInTheInterfacesLanguage) {
+    std::tm saturday{};
+    saturday.tm_mon = 10;
+    saturday.tm_mday = 15;
+    saturday.tm_wday = 6;
+    saturday.tm_hour = 21;
+    const UstTCSetting date{1, 0, 6, 0, 0, 0}, evening{1, 0, 1, 0, 0, 0};
+    {
+        QTranslator translator, toolkit;
+        ASSERT_TRUE(InstallTranslation(18, translator, toolkit));
+        const UstClockNames names = InterfaceClockNames();
+        EXPECT_EQ(FormatClock(date, saturday, names), QString::fromUtf8("11.15(토)"));
+        EXPECT_EQ(FormatClock(evening, saturday, names), QString::fromUtf8("9:00 오후"));
+    }
+    QTranslator translator, toolkit;
+    ASSERT_TRUE(InstallTranslation(9, translator, toolkit));
+    EXPECT_EQ(FormatClock(date, saturday, InterfaceClockNames()), "11.15(Saturday)");
+    EXPECT_EQ(FormatClock(evening, saturday, InterfaceClockNames()), "9:00 PM");
 }
 
 }  // namespace

@@ -170,6 +170,32 @@ void BuildLive(CProjectManager& project) {
     }
 }
 
+// A match page: a clock in the corner and a countdown from ten
+// seconds, both with edge and shadow, twelve seconds on air.
+void BuildTimers(CProjectManager& project) {
+    CPageManager* page = project.InsertPage(-1);
+    UstAttr attr = MakeDefaultAttr();
+    attr.fill[UstAttr::BODY].clrSolid = 0xFF102848u;
+    page->AddObject(std::make_unique<CQRDObjectShape>(page, 1, UstRect{90, 630, 1140, 990}, attr,
+                                                      MakeDefaultEffect()));
+    page->AddObject(Text("Kick-off in", 72, 150, 735));
+    UstDefaultAttr look = MakeLook(QStringLiteral("DejaVu Sans"), 180);
+    look.effect = MakeDefaultEffect();
+    look.effect.nEdge = 4;
+    look.effect.nShadowX = 5;
+    look.effect.nShadowY = 5;
+    look.attr.fill[UstAttr::BODY].clrSolid = 0xFFFFD040u;
+    look.attr.fill[UstAttr::EDGE].clrSolid = 0xFF000000u;
+    look.attr.fill[UstAttr::SHADOW].clrSolid = 0xC0000000u;
+    page->AddObject(
+        std::make_unique<CQRDObjectTC>(page, look, UstTCSetting{0, 2, 0, 10, 0, 0}, 150, 945));
+    look.font.nSize = 84;
+    look.attr.fill[UstAttr::BODY].clrSolid = 0xFFFFFFFFu;
+    page->AddObject(
+        std::make_unique<CQRDObjectTC>(page, look, UstTCSetting{1, 0, 5, 0, 0, 1}, 1420, 150));
+    page->m_effect = {3, 10, 12, 0, 3, 10, 0, 1, 0, 0, 0};
+}
+
 }  // namespace
 
 QString MakeProjectFolder(const QString& folder, CProjectManager& project) {
@@ -199,6 +225,7 @@ std::vector<QString> WriteSampleProjects(const QString& root) {
         {"empty", 1920, 1080, nullptr},    {"demo", 1920, 1080, BuildDemo},
         {"pages", 1920, 1080, BuildPages}, {"sd", 640, 480, BuildSd},
         {"play", 640, 480, BuildPlay},     {"live", 640, 480, BuildLive},
+        {"timers", 1920, 1080, BuildTimers},
     };
     std::vector<QString> files;
     for (const UstSample& s : SAMPLES) {

@@ -19,9 +19,10 @@ bool SaveWithThumbnails(CProjectManager& project, const QString& file);
 
 // The samples, one folder each under root: "empty" (no page), "demo" (the
 // sample page with a timer, an animation and a background), "pages" (Cut,
-// Roll and Crawl pages), "sd" (a 640 x 480 project) and "play" (three SD
-// pages of one colour each) and "live" (two SD pages with a blinking
-// badge, an animated logo and typed lines). Their files' paths.
+// Roll and Crawl pages), "sd" (a 640 x 480 project), "play" (three SD
+// pages of one colour each), "live" (two SD pages with a blinking badge,
+// an animated logo and typed lines) and "timers" (a clock and a
+// countdown). Their files' paths.
 std::vector<QString> WriteSampleProjects(const QString& root);
 
 }  // namespace orv::test
