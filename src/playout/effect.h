@@ -29,6 +29,20 @@
 
 namespace orv {
 
+// What goes on beside a stage that holds the output for many frames: the
+// page's running timers, which must not stand still while a page blinks,
+// lives or types on. Called on the drawing thread, once a frame.
+class IStageTicker {
+public:
+    virtual ~IStageTicker() = default;
+    // The changes go into the buffers alone: the live stage composes every
+    // frame from buffer A and writes it whole.
+    virtual void TickInMemory() = 0;
+    // The changes are written to the canvas too: the picture at column x
+    // and, while blinking, its twin from buffer B at column x2 (else -1).
+    virtual void TickOnCanvas(int x, int y, int x2) = 0;
+};
+
 class CPageManager;
 
 // What the last Run did, for tests and the benchmark. Written by the drawing
@@ -108,6 +122,8 @@ public:
     bool TypeStep(CPageManager& page);
     void RunTyping(CPageManager& page);
     void ShowAllTyped(CPageManager& page);
+    // One frame of an automatic typing, with the timers' change in it.
+    void TypingFrame();
 
     // No strip thread, or the strip thread waits with nothing asked of it.
     bool StripThreadIdle() const;
@@ -161,6 +177,8 @@ public:
     // How the live stage opens an animation file: by its extension, unless a
     // test puts a source of its own here before the stage.
     std::function<std::unique_ptr<MediaPlayer>(const QString&)> m_fnOpenPlayer;
+    // The play engine's running timers, when it has any to keep going.
+    IStageTicker* m_pTicker = nullptr;
 
     // A worker's pieces of waiting before its owner waits without limit.
     static constexpr std::chrono::milliseconds WORKER_WAIT{3000};

@@ -30,8 +30,10 @@ void EffectDecklink::RunBlink(int* request, CPageManager* page, int endless) {
     ++m_LiveStats.nBlinkCopies;
     int phase = 1;
     for (int64_t elapsed = 0; endless || elapsed <= limit; elapsed += BLINK_FRAME_MS * period) {
-        for (int f = 0; f < period && m_bBlinking.load(std::memory_order_relaxed); ++f)
+        for (int f = 0; f < period && m_bBlinking.load(std::memory_order_relaxed); ++f) {
             m_pChannel->WaitFrame();
+            if (m_pTicker) m_pTicker->TickOnCanvas(x, y, x2);
+        }
         if (!m_bBlinking.load(std::memory_order_relaxed)) break;
         m_pChannel->SetOrigin(phase == 1 ? x : x2, y);
         ++m_LiveStats.nBlinkHops;

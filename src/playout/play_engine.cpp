@@ -35,6 +35,7 @@ CPlayEngine::CPlayEngine(int channel, CGBoard* board, UstSize frame, UstSize thu
     else
         m_pEffect = std::make_unique<Effect>(nullptr, m_pBufferA.data(), m_pBufferB.data(),
                                              m_nWidth, m_nHeight);
+    m_pEffect->m_pTicker = this;
     m_hThread.Start([this] { WorkerMain(); });
 }
 
@@ -200,7 +201,7 @@ void CPlayEngine::RenderPage(CPageManager* page) {
     const bool timers = HasRunningTimers(*page);
     page->DrawForPlay(m_pBufferA.data(), page->HasBlinkObject() ? m_pBufferB.data() : nullptr,
                       m_nWidth, m_nHeight, !timers);
-    if (timers) StartTimers(page);
+    if (timers) StartTimers(page, page->HasBlinkObject());
 }
 
 void CPlayEngine::BeginScroll(CPageManager* page) {

@@ -60,7 +60,7 @@ struct UstBufferInfo {
     UstRect rc;
 };
 
-class CPlayEngine {
+class CPlayEngine : private IStageTicker {
 public:
     // board null: a plain Effect, through which a page passes every stage at
     // once. frame: the output frame size; thumb: the thumbnail size.
@@ -169,13 +169,18 @@ private:
     void Post(int state, int param);
     void SetMode(int mode);
     // Running timers: started with the page's picture, stopped when it goes.
-    void StartTimers(CPageManager* page);
+    // blink: buffer B holds the page's second picture, which shows them too.
+    void StartTimers(CPageManager* page, bool blink);
     void StopTimers();
     // Between steps: one frame of the running timers at a time, until a key.
     void WaitForWork();
     // One frame's change of the timers, under the lock if it is free; the
     // automatic loop's delays have waited for the frame already.
     void TickTimers(bool waitFrame = true);
+    // Inside a blink, live or typing stage, which holds the lock already.
+    void TickInMemory() override;
+    void TickOnCanvas(int x, int y, int x2) override;
+    void CountTimerWrite(int64_t written);
 
     std::unique_ptr<Effect> m_pEffect;
     int32_t m_nWidth = 0, m_nHeight = 0;

@@ -58,7 +58,10 @@ private:
     void FadeIn();
     void MainLoop();
     void FadeOut();
-    void StartCompose() { std::memcpy(m_compose.data(), m_e.m_pBufferA, m_compose.size() * 4); }
+    void StartCompose() {
+        if (m_e.m_pTicker) m_e.m_pTicker->TickInMemory();
+        std::memcpy(m_compose.data(), m_e.m_pBufferA, m_compose.size() * 4);
+    }
     // Takes the next frame from the ring; false when it was empty. The fade
     // in holds the first frame: it gives the block back only from the main
     // loop on.

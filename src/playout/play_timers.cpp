@@ -46,13 +46,16 @@ bool HasRunningTimers(const CPageManager& page) {
                        [](const auto& o) { return o->GetType() == OBJ_TIMER; });
 }
 
-void CPlayTimers::Begin(const CPageManager& page, uint32_t* frame, int width, int height) {
+void CPlayTimers::Begin(const CPageManager& page, uint32_t* frame, int width, int height,
+                        uint32_t* second) {
     End();
     if (!frame || width <= 0 || height <= 0) return;
     m_pFrame = frame;
     m_nWidth = width;
     m_nHeight = height;
     m_under.assign(frame, frame + static_cast<size_t>(width) * height);
+    m_pSecond = second;
+    if (second) m_underSecond.assign(second, second + static_cast<size_t>(width) * height);
     // Names are looked up once: the interface's language does not change on air.
     m_names = InterfaceClockNames();
     tzset();  // a time zone changed since the last take shows from this one
@@ -82,7 +85,10 @@ void CPlayTimers::End() {
     m_timers.clear();
     m_under.clear();
     m_under.shrink_to_fit();
+    m_underSecond.clear();
+    m_underSecond.shrink_to_fit();
     m_pFrame = nullptr;
+    m_pSecond = nullptr;
 }
 
 void CPlayTimers::Control(const UstTimerControl& control) {
@@ -151,15 +157,21 @@ UstRect CPlayTimers::Redraw(UstRunningTimer& t, const QString& value) {
 // may overlap, and the one written last must not hide the others.
 void CPlayTimers::DrawShown(const UstRect& area) {
     if (area.Width() <= 0 || area.Height() <= 0) return;
+    DrawShownInto(m_pFrame, m_under, area);
+    if (m_pSecond) DrawShownInto(m_pSecond, m_underSecond, area);
+}
+
+void CPlayTimers::DrawShownInto(uint32_t* frame, const std::vector<uint32_t>& under,
+                                const UstRect& area) const {
     for (int y = area.top; y < area.bottom; ++y) {
         const size_t row = static_cast<size_t>(y) * m_nWidth;
-        std::copy(m_under.begin() + static_cast<ptrdiff_t>(row + area.left),
-                  m_under.begin() + static_cast<ptrdiff_t>(row + area.right),
-                  m_pFrame + row + area.left);
+        std::copy(under.begin() + static_cast<ptrdiff_t>(row + area.left),
+                  under.begin() + static_cast<ptrdiff_t>(row + area.right),
+                  frame + row + area.left);
     }
     // The area alone as an image, so that nothing is drawn outside it.
     QImage part(
-        reinterpret_cast<uchar*>(m_pFrame + static_cast<size_t>(area.top) * m_nWidth + area.left),
+        reinterpret_cast<uchar*>(frame + static_cast<size_t>(area.top) * m_nWidth + area.left),
         area.Width(), area.Height(), m_nWidth * 4, QImage::Format_ARGB32_Premultiplied);
     for (const UstRunningTimer& t : m_timers)
         if (t.imgShown.Made() && Meets(t.rcShown, area))
@@ -177,7 +189,14 @@ void CPlayTimers::PrepareNext(UstRunningTimer& t, int64_t now) {
 }
 
 int64_t CPlayTimers::Tick(CBoardChannel* channel, int canvasWidth) {
+    int x = 0, y = 0;
+    if (channel) channel->GetOrigin(x, y);
+    return TickAt(channel, canvasWidth, x, y, -1);
+}
+
+int64_t CPlayTimers::TickAt(CBoardChannel* channel, int canvasWidth, int x, int y, int x2) {
     if (m_timers.empty() || !m_pFrame) return 0;
+    const int columns = std::max(canvasWidth, 1);
     const int64_t now = m_pClock->SteadyMs();
     TakeControls(now);
     int64_t written = 0;
@@ -188,10 +207,11 @@ int64_t CPlayTimers::Tick(CBoardChannel* channel, int canvasWidth) {
         DrawShown(area);
         if (area.Width() <= 0 || area.Height() <= 0) continue;
         if (channel) {
-            int x0 = 0, y0 = 0;
-            channel->GetOrigin(x0, y0);
-            channel->CopyRect((x0 + area.left) % std::max(canvasWidth, 1), y0 + area.top, m_nWidth,
-                              area.left, area.top, area.Width(), area.Height(), m_pFrame);
+            channel->CopyRect((x + area.left) % columns, y + area.top, m_nWidth, area.left,
+                              area.top, area.Width(), area.Height(), m_pFrame);
+            if (x2 >= 0 && m_pSecond)
+                channel->CopyRect((x2 + area.left) % columns, y + area.top, m_nWidth, area.left,
+                                  area.top, area.Width(), area.Height(), m_pSecond);
         }
         const int64_t pixels = int64_t{area.Width()} * area.Height();
         m_nLargestWrite = std::max(m_nLargestWrite, pixels);

@@ -76,8 +76,10 @@ public:
     void SetClock(ITimerClock* clock) { m_pClock = clock; }
 
     // The page has just been drawn into `frame` without its timers: keep
-    // that picture, start each timer, and draw it over the frame.
-    void Begin(const CPageManager& page, uint32_t* frame, int width, int height);
+    // that picture, start each timer, and draw it over the frame. A page
+    // that blinks gives its second picture too, which shows them as well.
+    void Begin(const CPageManager& page, uint32_t* frame, int width, int height,
+               uint32_t* second = nullptr);
     // The page left the air.
     void End();
     bool Active() const { return !m_timers.empty(); }
@@ -85,6 +87,10 @@ public:
     // One frame: what changed is drawn into the frame and written to the
     // channel, with the canvas origin added. Answers the pixels written.
     int64_t Tick(CBoardChannel* channel, int canvasWidth);
+    // The same, written where the caller says: the frame's picture at
+    // canvas column x and, when x2 is not negative, the second picture at
+    // x2. With no channel the pictures in memory alone change.
+    int64_t TickAt(CBoardChannel* channel, int canvasWidth, int x, int y, int x2);
 
     // From any thread; taken at the next tick, counted from when it came.
     void Control(const UstTimerControl& control);
@@ -99,11 +105,15 @@ private:
     UstRect Redraw(UstRunningTimer& t, const QString& value);
     void PrepareNext(UstRunningTimer& t, int64_t now);
     void DrawShown(const UstRect& area);
+    void DrawShownInto(uint32_t* frame, const std::vector<uint32_t>& under,
+                       const UstRect& area) const;
 
     ITimerClock* m_pClock;
     std::vector<UstRunningTimer> m_timers;
     std::vector<uint32_t> m_under;  // the page without its timers
     uint32_t* m_pFrame = nullptr;
+    std::vector<uint32_t> m_underSecond;  // the blink's second picture, likewise
+    uint32_t* m_pSecond = nullptr;
     int m_nWidth = 0, m_nHeight = 0;
     UstClockNames m_names;
     int64_t m_nLargestWrite = 0;

@@ -75,6 +75,14 @@ bool Effect::TypeStep(CPageManager& page) {
     return true;
 }
 
+void Effect::TypingFrame() {
+    m_pChannel->WaitFrame();
+    if (!m_pTicker) return;
+    int x = 0, y = 0;
+    m_pChannel->GetOrigin(x, y);
+    m_pTicker->TickOnCanvas(x, y, -1);
+}
+
 void Effect::RunTyping(CPageManager& page) {
     m_bTyping.store(1, std::memory_order_relaxed);
     // The delay is the operator's: frames of the output's real rate.
@@ -86,7 +94,7 @@ void Effect::RunTyping(CPageManager& page) {
         static_cast<int>(std::max<int64_t>(1, TypingDelayMs(page.m_typing.nSpeed) / frameMs));
     while (m_bTyping.load(std::memory_order_relaxed) && !TypeStep(page))
         for (int f = 0; f < frames && m_bTyping.load(std::memory_order_relaxed); ++f)
-            if (m_pChannel) m_pChannel->WaitFrame();
+            if (m_pChannel) TypingFrame();
     ShowAllTyped(page);
     m_bTyping.store(0, std::memory_order_relaxed);
 }

@@ -2,10 +2,16 @@
 // clock the test turns: no real time passes and none is read.
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <QTemporaryDir>
 
+#include <atomic>
+#include <set>
+#include <thread>
+
+#include "objects/ani_object.h"
 #include "objects/tc_object.h"
 #include "play_rig.h"
+#include "support/ani_files.h"
 #include "support/looks.h"
 
 namespace orv {
@@ -51,6 +57,16 @@ int Differing(const std::vector<uint32_t>& a, const std::vector<uint32_t>& b) {
     return n;
 }
 
+// Whether two frames agree inside a rectangle and a pixel round it.
+bool SameAround(const std::vector<uint32_t>& a, const std::vector<uint32_t>& b, const UstRect& r) {
+    for (int y = std::max(0, r.top - 1); y < std::min(UstPlayRig::H, r.bottom + 1); ++y)
+        for (int x = std::max(0, r.left - 1); x < std::min(UstPlayRig::W, r.right + 1); ++x)
+            if (a[static_cast<size_t>(y) * UstPlayRig::W + x] !=
+                b[static_cast<size_t>(y) * UstPlayRig::W + x])
+                return false;
+    return true;
+}
+
 int White(const std::vector<uint32_t>& a) {
     return static_cast<int>(std::count(a.begin(), a.end(), 0xFFFFFFFFu));
 }
@@ -61,8 +77,16 @@ struct UstTimerRig {
         page = rig.AddPage(NAVY, Request(EFFECT_CUT, 10, false, EFFECT_NONE, 10, false));
     }
     ~UstTimerRig() {
-        // The engine's thread may wait for a frame that only the test gives.
+        // The engine's thread may wait for a frame that only the test gives,
+        // inside a stage that holds the lock Stop waits for.
+        std::atomic<bool> stopped{false};
+        std::thread frames([&] {
+            while (!stopped.load())
+                rig.board.AdvanceFrame(20ms);
+        });
         rig.engine->Key(PLAYKEY_STOP);
+        stopped.store(true);
+        frames.join();
         rig.board.AdvanceFrame(200ms);
     }
     CQRDObjectTC* AddTimer(const UstTCSetting& setting) {
@@ -76,6 +100,14 @@ struct UstTimerRig {
         for (int i = 0; i < 50 && !rig.log.WaitFor({PLAY_GONE, 0}, 1, 0ms); ++i)
             rig.board.AdvanceFrame(100ms);
         return rig.engine->TimersRunning() && rig.board.WaitForWaiter(2s);
+    }
+    // The Run that takes the page on air into its blink or live stage.
+    bool Stage(int stage) {
+        rig.engine->Key(PLAYKEY_RUN);
+        // The engine sees the key between two frames of its timers.
+        for (int i = 0; i < 50 && !rig.log.WaitFor({stage, 0}, 1, 0ms); ++i)
+            rig.board.AdvanceFrame(100ms);
+        return rig.log.WaitFor({stage, 0}, 1, 0ms) && rig.board.WaitForWaiter(2s);
     }
     // A second of the clock, then one frame drawn.
     std::vector<uint32_t> Second(int64_t ms = 1000) {
@@ -156,6 +188,54 @@ TEST(TimerRun, PausedKeepsItsValueAndResumeRestartAndSetTakeEffectAtTheNextFrame
     // A jump of the wall clock moves clocks only; the count keeps to its pace.
     t.clock.m_nWall += 3600;
     EXPECT_EQ(Differing(t.Second(), t.Still(1)), 0);
+}
+
+// A page that blinks shows two pictures by turns: the countdown must run
+// on in both, and the blinking box must still come and go beside it.
+TEST(TimerRun, ACountdownRunsOnInBothPicturesOfABlink) {
+    UstTimerRig t;
+    const CQRDObjectTC* timer = t.AddTimer(Countdown(10, 0));
+    constexpr uint32_t RED = 0xFFFF0000u;
+    t.page->AddObject(std::make_unique<test::CBlinkObject>(UstRect{70, 2, 94, 12}, RED));
+    t.page->m_blink.nSpeed = 9;  // ten frames a phase
+    ASSERT_TRUE(t.Take());
+    ASSERT_TRUE(t.Stage(PLAY_BLINK));
+    int shownWithBox = 0, shownWithout = 0;
+    for (int f = 1; f <= 48; ++f) {
+        // A second every four frames, so that changes fall in both phases.
+        const std::vector<uint32_t> air = t.Second(250);
+        const bool box = air[static_cast<size_t>(7) * UstPlayRig::W + 80] == RED;
+        (box ? shownWithBox : shownWithout) += 1;
+        ASSERT_TRUE(SameAround(air, t.Still(std::max(0, 10 - f / 4)), timer->m_rcStored))
+            << "frame " << f << (box ? " with" : " without") << " the box";
+    }
+    EXPECT_GE(shownWithBox, 10);
+    EXPECT_GE(shownWithout, 10);
+}
+
+// The live stage composes every frame from the page picture: a change
+// goes into that picture and shows in the next frame composed.
+TEST(TimerRun, ACountdownRunsOnUnderALiveStage) {
+    UstTimerRig t;
+    const CQRDObjectTC* timer = t.AddTimer(Countdown(10, 0));
+    QTemporaryDir dir;
+    const QString file = dir.filePath("logo.ani32");
+    ASSERT_TRUE(test::WriteAnimation(file, 8, 8, 20, [](int, int, int f) {
+        return 0xFF000000u | static_cast<uint32_t>(f * 12) << 8;
+    }));
+    auto logo = std::make_unique<CQRDObjectAni>(nullptr, file, UstRect{80, 2, 88, 10});
+    logo->m_words.nRepeat = 100;
+    t.page->AddObject(std::move(logo));
+    ASSERT_TRUE(t.Take());
+    ASSERT_TRUE(t.Stage(PLAY_LIVE));
+    std::set<uint32_t> logoColours;
+    for (int f = 1; f <= 48; ++f) {
+        const std::vector<uint32_t> air = t.Second(250);
+        logoColours.insert(air[static_cast<size_t>(5) * UstPlayRig::W + 84]);
+        ASSERT_TRUE(SameAround(air, t.Still(std::max(0, 10 - (f - 1) / 4)), timer->m_rcStored))
+            << "frame " << f;
+    }
+    EXPECT_GE(logoColours.size(), 10u);  // the logo played on beside it
 }
 
 TEST(TimerRun, TheOutStageAndStopEndTheRun) {
