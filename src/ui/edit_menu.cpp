@@ -47,7 +47,7 @@ void CMainFrame::CreateEditMenu() {
     }
     connect(menu, &QMenu::aboutToShow, this, [this] { UpdateEditActions(true); });
     connect(menu, &QMenu::aboutToHide, this, [this] { UpdateEditActions(false); });
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    m_focusWatch = connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         QDockWidget* pages = Pane(550);
         m_bPageFocus = pages && now && pages->isAncestorOf(now);
     });

@@ -62,6 +62,7 @@ CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* bo
 }
 
 CMainFrame::~CMainFrame() {
+    disconnect(m_focusWatch);
     // The list pane goes first, then the engine, while the board they use
     // still stands. The style lists join this order as they arrive; the
     // settings are written last, and only here, so that a program that dies

@@ -157,6 +157,9 @@ public:
 
     int m_nPlayState = 0;
     bool m_bPageFocus = false;  // the page thumbnails hold the focus
+    // The application's focus changes go on while the window is destroyed,
+    // when it is a main window no longer: the watch ends first.
+    QMetaObject::Connection m_focusWatch;
     float m_fZoom = 100.0f;
     int m_nCanvasMode = 0;
     int m_nShapeKind = 0;  // what shape mode draws

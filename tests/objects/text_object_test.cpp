@@ -434,8 +434,10 @@ TEST_F(TextEdit, BlinkingCharactersLeaveTheSecondPictureOrTakeItsColour) {
     text->SetBlink(1);
     text->m_nSelStart = text->m_nSelEnd = -1;
     EXPECT_TRUE(text->GetBlink());
-    for (int i = 0; i < text->CharCount(); ++i)
-        EXPECT_EQ(text->Chars()[static_cast<size_t>(i)].bBlink, i == 3 || i == 4 ? 1u : 0u) << i;
+    for (int i = 0; i < text->CharCount(); ++i) {
+        const uint32_t blink = text->Chars()[static_cast<size_t>(i)].bBlink;
+        EXPECT_EQ(blink, i == 3 || i == 4 ? 1u : 0u) << i;
+    }
     const int w = page.width, h = page.height;
     std::vector<uint32_t> air(static_cast<size_t>(w) * h), out(air.size()), tinted(air.size());
     text->DrawForPlay(air.data(), w, h);
