@@ -130,6 +130,7 @@ void CQRDObjectTC::Attach(CPageContext* page) {
 }
 
 bool CQRDObjectTC::Execute(const void* args, uint32_t code) {
+    if (args && code == CMD_TEXT_STYLE) return ApplyStyle(*static_cast<const UstText*>(args));
     if (!args || code < CMD_SET_RECT || code > CMD_NUDGE_DOWN) return false;
     // The origin is what the file keeps; the rectangle follows from it.
     int dx = 0, dy = 0;
@@ -146,6 +147,19 @@ bool CQRDObjectTC::Execute(const void* args, uint32_t code) {
         m_fStoreX += static_cast<float>(dx) / m_fScale;
         m_fStoreY += static_cast<float>(dy) / m_fScale;
     }
+    Build();
+    return true;
+}
+
+bool CQRDObjectTC::ApplyStyle(const UstText& style) {
+    m_attr.attr = style.attr;
+    m_attr.effect = style.effect;
+    // A face this machine lacks would draw nothing: only the size is taken.
+    if (IsFaceInstalled(style.character.font))
+        m_attr.font = style.character.font;
+    else
+        m_attr.font.nSize = style.character.font.nSize;
+    m_attr.attr.fill[UstAttr::BODY].clrSolid = style.character.clrFill;
     Build();
     return true;
 }

@@ -69,6 +69,7 @@ private:
     void Build();
     void LayOut();
     void ReplaceMissingFace();
+    bool ApplyStyle(const UstText& style);
 
     std::vector<UstCharAttr> m_arrChar;
     UstTextLayout m_layout;
