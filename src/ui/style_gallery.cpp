@@ -43,11 +43,11 @@ CStyleGallery::CStyleGallery(QWidget* parent)
     layout->addLayout(m_pFooter);
     layout->addLayout(buttons);
     connect(m_pList, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { emit Applied(m_pList->row(item)); });
+            [this](QListWidgetItem* item) { Q_EMIT Applied(m_pList->row(item)); });
     connect(m_pList, &QListWidget::currentRowChanged, this, [this] { UpdateButtons(); });
-    connect(m_pAdd, &QPushButton::clicked, this, [this] { emit AddRequested(); });
+    connect(m_pAdd, &QPushButton::clicked, this, [this] { Q_EMIT AddRequested(); });
     connect(m_pDelete, &QPushButton::clicked, this, [this] {
-        if (CurrentIndex() >= 0) emit DeleteRequested(CurrentIndex());
+        if (CurrentIndex() >= 0) Q_EMIT DeleteRequested(CurrentIndex());
     });
     UpdateButtons();
 }

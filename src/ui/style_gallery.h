@@ -31,7 +31,7 @@ public:
     // Room under the grid for a control of the host's own.
     QVBoxLayout* Footer() const { return m_pFooter; }
 
-signals:
+Q_SIGNALS:
     void Applied(int index);
     void AddRequested();
     void DeleteRequested(int index);

@@ -37,8 +37,9 @@ void CMainFrame::CreateStylesPane() {
             [this](uint32_t id, int index) { StyleCommand(id, index); });
     QDockWidget* dock = CreatePane(STYLES_PANE_ID, tr("Styles"), m_pStylesPane, QSize(260, 300),
                                    QSize(140, 160), QSize(600, 5000));
-    if (QDockWidget* slide = Pane(550)) tabifyDockWidget(slide, dock);
-    if (QDockWidget* slide = Pane(550)) slide->raise();
+    // Under the page list rather than behind it: styles are applied while
+    // looking at the pages.
+    if (QDockWidget* slide = Pane(550)) splitDockWidget(slide, dock, Qt::Vertical);
 }
 
 int CMainFrame::StyleCommand(uint32_t id, int index) {
@@ -135,8 +136,8 @@ int CMainFrame::AddTextStyle() {
         return 0;
     }
     const UstText style = TextStyleOf(text->Chars().front(), text->m_effect, text->m_attr);
-    CStyleList<UstText>& list = m_pStyles->Text();
-    return StyleAdded(STYLE_TEXT, list.Add(style), list.Count() - 1);
+    const bool added = m_pStyles->Text().Add(style);
+    return StyleAdded(STYLE_TEXT, added, m_pStyles->Text().Count() - 1);
 }
 
 int CMainFrame::AddShapeStyle() {
@@ -145,15 +146,14 @@ int CMainFrame::AddShapeStyle() {
         QMessageBox::information(this, windowTitle(), tr("Select one shape to add its style."));
         return 0;
     }
-    CStyleList<UstShape>& list = m_pStyles->Shape();
-    return StyleAdded(STYLE_SHAPE, list.Add(ShapeStyleOf(shape->m_effect, shape->m_attr)),
-                      list.Count() - 1);
+    const bool added = m_pStyles->Shape().Add(ShapeStyleOf(shape->m_effect, shape->m_attr));
+    return StyleAdded(STYLE_SHAPE, added, m_pStyles->Shape().Count() - 1);
 }
 
 int CMainFrame::AddColorStyle() {
     const UstFill& fill = m_WorkAttr.attr.fill[m_pStylesPane->ColorPaint()];
-    CStyleList<UstColor>& list = m_pStyles->Color();
-    return StyleAdded(STYLE_COLOR, list.Add(ColorStyleOf(fill)), list.Count() - 1);
+    const bool added = m_pStyles->Color().Add(ColorStyleOf(fill));
+    return StyleAdded(STYLE_COLOR, added, m_pStyles->Color().Count() - 1);
 }
 
 int CMainFrame::AddPictureStyle(int library) {

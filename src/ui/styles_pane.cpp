@@ -28,11 +28,11 @@ CStylesPane::CStylesPane(QWidget* parent)
         m_pTabs->addTab(gallery, titles[i]);
         const UstStyleCommands ids = STYLE_COMMANDS[static_cast<size_t>(i)];
         connect(gallery, &CStyleGallery::Applied, this,
-                [this, ids](int index) { emit Command(ids.nApply, index); });
+                [this, ids](int index) { Q_EMIT Command(ids.nApply, index); });
         connect(gallery, &CStyleGallery::AddRequested, this,
-                [this, ids] { emit Command(ids.nAdd, -1); });
+                [this, ids] { Q_EMIT Command(ids.nAdd, -1); });
         connect(gallery, &CStyleGallery::DeleteRequested, this,
-                [this, ids](int index) { emit Command(ids.nDelete, index); });
+                [this, ids](int index) { Q_EMIT Command(ids.nDelete, index); });
     }
     m_pPaint->addItems({tr("Fill"), tr("Edge"), tr("Outline"), tr("Shadow")});
     Gallery(STYLE_COLOR)->Footer()->addWidget(m_pPaint);

@@ -35,7 +35,7 @@ public:
     // The paint a colour style goes to: 0 fill, 1 edge, 2 outline, 3 shadow.
     int ColorPaint() const;
 
-signals:
+Q_SIGNALS:
     void Command(uint32_t id, int index);
 
 private:

@@ -78,7 +78,7 @@ TEST_F(PictureFolder, ThumbnailFilesAre24BitBmpWithTheirSizeAsResolution) {
     EXPECT_EQ(static_cast<uint8_t>(bmp[54]), 0x40);
     EXPECT_EQ(static_cast<uint8_t>(bmp[55]), 0xA0);
     EXPECT_EQ(static_cast<uint8_t>(bmp[56]), 0x20);
-    EXPECT_EQ(static_cast<uint8_t>(bmp[54 + 271 * 48 + 267]), 0x20);
+    EXPECT_EQ(static_cast<uint8_t>(bmp[54 + 272 * 47 + 269]), 0x20);
     EXPECT_TRUE(IsStyleThumbnail(Path(name)));
 }
 
