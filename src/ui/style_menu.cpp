@@ -37,9 +37,9 @@ void CMainFrame::CreateStylesPane() {
             [this](uint32_t id, int index) { StyleCommand(id, index); });
     QDockWidget* dock = CreatePane(STYLES_PANE_ID, tr("Styles"), m_pStylesPane, QSize(260, 300),
                                    QSize(140, 160), QSize(600, 5000));
-    // Under the page list rather than behind it: styles are applied while
-    // looking at the pages.
-    if (QDockWidget* slide = Pane(550)) splitDockWidget(slide, dock, Qt::Vertical);
+    // Across the canvas from the page list rather than behind it: styles
+    // are applied while looking at the pages.
+    addDockWidget(m_Env.bPreviewLeft ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea, dock);
 }
 
 int CMainFrame::StyleCommand(uint32_t id, int index) {
