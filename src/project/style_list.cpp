@@ -56,8 +56,7 @@ std::vector<QByteArray> ReadStyleRecords(const QString& file, size_t recordSize,
     return records;
 }
 
-bool WriteStyleRecords(const QString& file, const void* records, size_t count,
-                       size_t recordSize) {
+bool WriteStyleRecords(const QString& file, const void* records, size_t count, size_t recordSize) {
     QSaveFile out(file);
     if (!out.open(QIODevice::WriteOnly)) return false;
     const auto n = static_cast<uint32_t>(count);

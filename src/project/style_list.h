@@ -29,8 +29,7 @@ struct UstStyleListRead {
 // 260-unit thumbnail name at their end.
 std::vector<QByteArray> ReadStyleRecords(const QString& file, size_t recordSize,
                                          UstStyleListRead* info);
-bool WriteStyleRecords(const QString& file, const void* records, size_t count,
-                       size_t recordSize);
+bool WriteStyleRecords(const QString& file, const void* records, size_t count, size_t recordSize);
 
 // The thumbnail's file name of a record: the last part of the stored name,
 // so that a name written elsewhere can never point out of the folder.

@@ -56,8 +56,7 @@ QDateTime StyleClockNow() {
     return QDateTime::currentDateTime();
 }
 
-QString FreeStyleName(const QString& folder, const QStringList& suffixes,
-                      const StyleClock& clock) {
+QString FreeStyleName(const QString& folder, const QStringList& suffixes, const StyleClock& clock) {
     const QDir dir(folder);
     for (int attempt = 0; attempt < 5; ++attempt) {
         if (attempt > 0) QThread::msleep(1);

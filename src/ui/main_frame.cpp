@@ -18,13 +18,13 @@
 
 #include "objects/text_object.h"
 #include "project/project_manager.h"
+#include "project/style_library.h"
 #include "render/font_service.h"
 #include "render/image_file.h"
 #include "render/text_measure.h"
 #include "shell/app_object.h"
 #include "shell/frame_rules.h"
 #include "shell/settings_files.h"
-#include "project/style_library.h"
 #include "ui/auto_dlg.h"
 #include "ui/child_frame.h"
 #include "ui/options_dialog.h"
@@ -67,8 +67,8 @@ CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* bo
 CMainFrame::~CMainFrame() {
     // The list pane goes first, then the engine, while the board they use
     // still stands. The style lists need nothing here: each change was
-    // written when it was made. The settings are written last, and only here, so that a program that dies
-    // keeps those of its last proper exit.
+    // written when it was made. The settings are written last, and only here, so that a program
+    // that dies keeps those of its last proper exit.
     delete m_pAutoPane;
     m_pAutoDlg = nullptr;
     m_pPlayEngine.reset();

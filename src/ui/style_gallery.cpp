@@ -31,8 +31,9 @@ CStyleGallery::CStyleGallery(QWidget* parent)
     m_pList->setMouseTracking(true);
     m_pList->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     // The hover frame is the toolkit's own colour for a picked tile.
-    m_pList->setStyleSheet("QListWidget::item:hover { border: 1px solid #FF8040; }"
-                           "QListWidget::item:selected { border: 2px solid #3D6CC0; }");
+    m_pList->setStyleSheet(
+        "QListWidget::item:hover { border: 1px solid #FF8040; }"
+        "QListWidget::item:selected { border: 2px solid #3D6CC0; }");
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_pAdd);
     buttons->addWidget(m_pDelete);

@@ -43,11 +43,10 @@ void CMainFrame::CreateStylesPane() {
 }
 
 int CMainFrame::StyleCommand(uint32_t id, int index) {
-    const auto library = std::find_if(STYLE_COMMANDS.begin(), STYLE_COMMANDS.end(),
-                                      [id](const UstStyleCommands& c) {
-                                          return c.nApply == id || c.nAdd == id ||
-                                                 c.nDelete == id;
-                                      });
+    const auto library =
+        std::find_if(STYLE_COMMANDS.begin(), STYLE_COMMANDS.end(), [id](const UstStyleCommands& c) {
+            return c.nApply == id || c.nAdd == id || c.nDelete == id;
+        });
     // The two Insert buttons apply the gallery's current item.
     if (id == CMD_INSERT_BACKGROUND_FILE) return StyleCommand(STYLE_COMMANDS[STYLE_BACKPIC].nApply);
     if (id == CMD_INSERT_PICTURE_FILE) return StyleCommand(STYLE_COMMANDS[STYLE_PICTURE].nApply);

@@ -195,8 +195,8 @@ TEST_F(ProjectCommands, ALibraryBackgroundGoesToTheCurrentAndSelectedPagesAsOneU
     ASSERT_EQ(project.ExecCommand(&file, CMD_BACKGROUND_STYLE), 1);
     EXPECT_EQ(project.GetPage(0)->m_background.strFile, "sky.png");
     EXPECT_EQ(project.GetPage(3)->m_background.strFile, "sky.png");  // the current page
-    EXPECT_EQ(project.GetPage(1)->m_background.bPresent, 0);       // roll
-    EXPECT_EQ(project.GetPage(2)->m_background.bPresent, 0);       // not selected
+    EXPECT_EQ(project.GetPage(1)->m_background.bPresent, 0);         // roll
+    EXPECT_EQ(project.GetPage(2)->m_background.bPresent, 0);         // not selected
     EXPECT_EQ(project.UndoLog().UndoCount(), undo + 1);
     project.Undo();
     EXPECT_EQ(project.GetPage(0)->m_background.bPresent, 0);

@@ -20,11 +20,11 @@ using test::CBytes;
 std::vector<uint8_t> TextRecord(const QString& face, int32_t size, uint32_t colour, int32_t edge,
                                 uint32_t bodyPaint, const QString& thumb) {
     CBytes b;
-    b.U32('A').U8(1).U8(0).I32(size);                          // nChar, charset, pitch, size
+    b.U32('A').U8(1).U8(0).I32(size);  // nChar, charset, pitch, size
     b.Raw(face.utf16(), static_cast<size_t>(face.size()) * 2).PadTo(74);
-    b.I32(100).PadTo(90).U32(colour).PadTo(118);                // width ratio, clrFill
-    b.PadTo(118 + 12).I32(edge).PadTo(186);                     // effect: edge size
-    b.U32(0).U32(bodyPaint).PadTo(4194);                        // body paint: solid colour
+    b.I32(100).PadTo(90).U32(colour).PadTo(118);  // width ratio, clrFill
+    b.PadTo(118 + 12).I32(edge).PadTo(186);       // effect: edge size
+    b.U32(0).U32(bodyPaint).PadTo(4194);          // body paint: solid colour
     b.Raw(thumb.utf16(), static_cast<size_t>(thumb.size()) * 2).PadTo(4714);
     return b.data;
 }

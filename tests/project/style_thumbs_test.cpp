@@ -104,8 +104,8 @@ TEST_F(PictureFolder, TextAndShapeThumbnailsShowTheStyleOverAHatch) {
     const QImage korean = DrawTextThumbnail(text, true);
     ASSERT_EQ(english.size(), QSize(90, 48));
     // The hatch: grey and blue only, in a corner the letter never reaches.
-    for (QRgb corner : {english.pixel(0, 0), english.pixel(1, 0), english.pixel(2, 0),
-                        english.pixel(3, 0)})
+    for (QRgb corner :
+         {english.pixel(0, 0), english.pixel(1, 0), english.pixel(2, 0), english.pixel(3, 0)})
         EXPECT_TRUE(corner == 0xFF808080 || corner == 0xFF0000FF);
     EXPECT_NE(english.pixel(0, 0), english.pixel(4, 0));
     const auto [eFirst, eLast] = redColumns(english);
@@ -133,9 +133,9 @@ TEST_F(PictureFolder, ScanPairsImagesWithTheirUsableThumbnails) {
     Write("20240101000000001_TB.BMP", BmpBytes(90, 48, 24));
     Write("20240101000000002.JPG", test::ReadFile(Source("b.jpg").toStdString()));
     Write("20240101000000002_TB.BMP", BmpBytes(90, 48, 32));  // 32-bit: refused
-    Write("20240101000000003.tga", "not really");              // listed by its type
+    Write("20240101000000003.tga", "not really");             // listed by its type
     Write("20240101000000003_TB.BMP", BmpBytes(90, 47, 24));  // a line short: refused
-    Write("orphan_TB.BMP", BmpBytes(90, 48, 24));              // no image beside it
+    Write("orphan_TB.BMP", BmpBytes(90, 48, 24));             // no image beside it
     Write(".hidden.png", "x");
     Write("notes.txt", "x");
     ASSERT_TRUE(QDir(dir.path()).mkdir("sub.png"));
