@@ -29,54 +29,16 @@ void CStyleLibraries::Load() {
 }
 
 int CStyleLibraries::Count(int library) const {
-    switch (library) {
-        case STYLE_TEXT:
-            return m_text.Count();
-        case STYLE_SHAPE:
-            return m_shape.Count();
-        case STYLE_COLOR:
-            return m_color.Count();
-        case STYLE_BACKPIC:
-            return m_backgrounds.Count();
-        case STYLE_PICTURE:
-            return m_pictures.Count();
-        default:
-            return 0;
-    }
+    return Valid(library) ? With(*this, library, [](const auto& lib) { return lib.Count(); }) : 0;
 }
 
 QString CStyleLibraries::ThumbPath(int library, int index) const {
-    switch (library) {
-        case STYLE_TEXT:
-            return m_text.ThumbPath(index);
-        case STYLE_SHAPE:
-            return m_shape.ThumbPath(index);
-        case STYLE_COLOR:
-            return m_color.ThumbPath(index);
-        case STYLE_BACKPIC:
-            return m_backgrounds.ThumbPath(index);
-        case STYLE_PICTURE:
-            return m_pictures.ThumbPath(index);
-        default:
-            return {};
-    }
+    if (!Valid(library)) return {};
+    return With(*this, library, [index](const auto& lib) { return lib.ThumbPath(index); });
 }
 
 bool CStyleLibraries::Delete(int library, int index) {
-    switch (library) {
-        case STYLE_TEXT:
-            return m_text.Delete(index);
-        case STYLE_SHAPE:
-            return m_shape.Delete(index);
-        case STYLE_COLOR:
-            return m_color.Delete(index);
-        case STYLE_BACKPIC:
-            return m_backgrounds.Delete(index);
-        case STYLE_PICTURE:
-            return m_pictures.Delete(index);
-        default:
-            return false;
-    }
+    return Valid(library) && With(*this, library, [index](auto& lib) { return lib.Delete(index); });
 }
 
 UstText TextStyleOf(const UstCharAttr& character, const UstEffect& effect, const UstAttr& attr) {

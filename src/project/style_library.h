@@ -38,6 +38,24 @@ public:
     bool Delete(int library, int index);
 
 private:
+    static bool Valid(int library) { return library >= 0 && library < STYLE_LIBRARY_COUNT; }
+    // Calls f with the library of the number, const or not as self is.
+    template <class Self, class F>
+    static auto With(Self& self, int library, F f) {
+        switch (library) {
+            case STYLE_TEXT:
+                return f(self.m_text);
+            case STYLE_SHAPE:
+                return f(self.m_shape);
+            case STYLE_COLOR:
+                return f(self.m_color);
+            case STYLE_BACKPIC:
+                return f(self.m_backgrounds);
+            default:
+                return f(self.m_pictures);
+        }
+    }
+
     CStyleList<UstText> m_text;
     CStyleList<UstShape> m_shape;
     CStyleList<UstColor> m_color;

@@ -215,6 +215,8 @@ private:
     void CreateStylesPane();
     int ApplyTextStyle(const UstText& style);
     int ApplyShapeStyle(const UstShape& style);
+    int ApplyObjectStyle(uint32_t id, const void* style, const UstAttr& attr,
+                         const UstEffect& effect);
     int ApplyColorStyle(const UstFill& fill);
     int ApplyBackgroundStyle(const QString& file);
     int InsertPictureStyle(const QString& file);

@@ -37,9 +37,12 @@ void CMainFrame::CreateStylesPane() {
             [this](uint32_t id, int index) { StyleCommand(id, index); });
     QDockWidget* dock = CreatePane(STYLES_PANE_ID, tr("Styles"), m_pStylesPane, QSize(260, 300),
                                    QSize(140, 160), QSize(600, 5000));
-    // Across the canvas from the page list rather than behind it: styles
-    // are applied while looking at the pages.
-    addDockWidget(m_Env.bPreviewLeft ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea, dock);
+    // A tab beside the page list: the canvas keeps its width on small
+    // screens, and the pane can be dragged out where there is room.
+    if (QDockWidget* slide = Pane(550)) {
+        tabifyDockWidget(slide, dock);
+        slide->raise();
+    }
 }
 
 int CMainFrame::StyleCommand(uint32_t id, int index) {
@@ -83,20 +86,20 @@ int CMainFrame::StyleCommand(uint32_t id, int index) {
 }
 
 int CMainFrame::ApplyTextStyle(const UstText& style) {
-    CZevrantView* view = ActiveView();
-    if (!view || !view->PageCommand(CMD_TEXT_STYLE, &style)) return 0;
-    // What the selection now looks like is what new objects take.
-    m_WorkAttr.attr = style.attr;
-    m_WorkAttr.effect = style.effect;
-    QMetaObject::invokeMethod(this, "OnAttrChanged", Qt::QueuedConnection);
-    return 1;
+    return ApplyObjectStyle(CMD_TEXT_STYLE, &style, style.attr, style.effect);
 }
 
 int CMainFrame::ApplyShapeStyle(const UstShape& style) {
+    return ApplyObjectStyle(CMD_SHAPE_STYLE, &style, style.attr, style.effect);
+}
+
+int CMainFrame::ApplyObjectStyle(uint32_t id, const void* style, const UstAttr& attr,
+                                 const UstEffect& effect) {
     CZevrantView* view = ActiveView();
-    if (!view || !view->PageCommand(CMD_SHAPE_STYLE, &style)) return 0;
-    m_WorkAttr.attr = style.attr;
-    m_WorkAttr.effect = style.effect;
+    if (!view || !view->PageCommand(id, style)) return 0;
+    // What the selection now looks like is what new objects take.
+    m_WorkAttr.attr = attr;
+    m_WorkAttr.effect = effect;
     QMetaObject::invokeMethod(this, "OnAttrChanged", Qt::QueuedConnection);
     return 1;
 }

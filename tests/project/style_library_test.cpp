@@ -9,6 +9,7 @@
 #include "project/style_library.h"
 #include "render/fixed_string.h"
 #include "support/byte_builder.h"
+#include "support/folder_test.h"
 #include "test_util.h"
 
 namespace orv {
@@ -44,15 +45,7 @@ std::string ListBytes(uint32_t count, const std::vector<std::vector<uint8_t>>& r
     return b.Str();
 }
 
-class StyleLists : public ::testing::Test {
-protected:
-    QString Path(const QString& name) const { return QDir(dir.path()).filePath(name); }
-    void Write(const QString& name, const std::string& bytes) const {
-        test::WriteFile(Path(name).toStdString(), bytes);
-    }
-    std::string Read(const QString& name) const { return test::ReadFile(Path(name).toStdString()); }
-    QTemporaryDir dir;
-};
+using StyleLists = test::CFolderTest;
 
 TEST_F(StyleLists, HandBuiltListsLoadAndSaveToTheSameBytes) {
     const std::string text =
@@ -153,7 +146,6 @@ protected:
         c.fill.clrSolid = colour;
         return c;
     }
-    QStringList Files() const { return QDir(dir.path()).entryList(QDir::Files, QDir::Name); }
     int made = 0;
 };
 

@@ -12,6 +12,7 @@
 #include "render/fixed_string.h"
 #include "render/tga_file.h"
 #include "support/byte_builder.h"
+#include "support/folder_test.h"
 #include "test_util.h"
 
 namespace orv {
@@ -38,13 +39,8 @@ std::string BmpBytes(int width, int height, int bits, uint32_t bgr = 0x00336699)
     return b.Str();
 }
 
-class PictureFolder : public ::testing::Test {
+class PictureFolder : public test::CFolderTest {
 protected:
-    QString Path(const QString& name) const { return QDir(dir.path()).filePath(name); }
-    void Write(const QString& name, const std::string& bytes) const {
-        test::WriteFile(Path(name).toStdString(), bytes);
-    }
-    QStringList Files() const { return QDir(dir.path()).entryList(QDir::Files, QDir::Name); }
     // A 40 x 20 picture: left half red, right half blue.
     QString Source(const QString& name) {
         QImage image(40, 20, QImage::Format_RGB32);
@@ -56,7 +52,7 @@ protected:
         image.save(path);
         return path;
     }
-    QTemporaryDir dir, source;
+    QTemporaryDir source;
 };
 
 TEST_F(PictureFolder, ThumbnailFilesAre24BitBmpWithTheirSizeAsResolution) {
