@@ -1028,6 +1028,30 @@ Recovering from the last modification.</translation>
         <source>Effects...</source>
         <translation>Effects...</translation>
     </message>
+    <message>
+        <source>Styles</source>
+        <translation>Styles</translation>
+    </message>
+    <message>
+        <source>Select one text to add its style.</source>
+        <translation>Select one text to add its style.</translation>
+    </message>
+    <message>
+        <source>Select one shape to add its style.</source>
+        <translation>Select one shape to add its style.</translation>
+    </message>
+    <message>
+        <source>All Formats (*.*)</source>
+        <translation>All Formats (*.*)</translation>
+    </message>
+    <message>
+        <source>Failed adding a style.</source>
+        <translation>Failed adding a style.</translation>
+    </message>
+    <message>
+        <source>Failed deleting a style.</source>
+        <translation>Failed deleting a style.</translation>
+    </message>
 </context>
 <context>
     <name>orv::CPlayDlg</name>
@@ -1185,6 +1209,56 @@ Recovering from the last modification.</translation>
     <message>
         <source>Initializing...</source>
         <translation>Initializing...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CStyleGallery</name>
+    <message>
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CStylesPane</name>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>Shape</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Color</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Background</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Picture</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>Fill</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Edge</translation>
+    </message>
+    <message>
+        <source>Outline</source>
+        <translation>Outline</translation>
+    </message>
+    <message>
+        <source>Shadow</source>
+        <translation>Shadow</translation>
     </message>
 </context>
 <context>

@@ -1004,6 +1004,30 @@ Recovering from the last modification.</source>
         <source>Effects...</source>
         <translation>효과...</translation>
     </message>
+    <message>
+        <source>Styles</source>
+        <translation>스타일</translation>
+    </message>
+    <message>
+        <source>Select one text to add its style.</source>
+        <translation>스타일을 가져올 텍스트를 하나 선택하십시오.</translation>
+    </message>
+    <message>
+        <source>Select one shape to add its style.</source>
+        <translation>스타일을 가져올 도형을 하나 선택하십시오.</translation>
+    </message>
+    <message>
+        <source>All Formats (*.*)</source>
+        <translation>모든 형식 (*.*)</translation>
+    </message>
+    <message>
+        <source>Failed adding a style.</source>
+        <translation>스타일을 추가하지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>Failed deleting a style.</source>
+        <translation>스타일을 삭제하지 못했습니다.</translation>
+    </message>
 </context>
 <context>
     <name>orv::CPlayDlg</name>
@@ -1161,6 +1185,56 @@ Recovering from the last modification.</source>
     <message>
         <source>Initializing...</source>
         <translation>초기화 중...</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CStyleGallery</name>
+    <message>
+        <source>Add</source>
+        <translation>추가</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>삭제</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CStylesPane</name>
+    <message>
+        <source>Text</source>
+        <translation>텍스트</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>도형</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>색상</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>배경</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>그림</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>채우기</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>테두리</translation>
+    </message>
+    <message>
+        <source>Outline</source>
+        <translation>외곽선</translation>
+    </message>
+    <message>
+        <source>Shadow</source>
+        <translation>그림자</translation>
     </message>
 </context>
 <context>

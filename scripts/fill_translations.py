@@ -10,6 +10,16 @@ import re
 import sys
 
 KO = {
+    "Styles": "스타일",
+    "Add": "추가",
+    "Delete": "삭제",
+    "Shape": "도형",
+    "Picture": "그림",
+    "Fill": "채우기",
+    "Failed adding a style.": "스타일을 추가하지 못했습니다.",
+    "Failed deleting a style.": "스타일을 삭제하지 못했습니다.",
+    "Select one text to add its style.": "스타일을 가져올 텍스트를 하나 선택하십시오.",
+    "Select one shape to add its style.": "스타일을 가져올 도형을 하나 선택하십시오.",
     "Options": "옵션",
     "Program Settings": "프로그램 설정",
     "Edit Options": "편집 옵션",

@@ -7,6 +7,7 @@
 
 #include "objects/archive_fields.h"
 #include "render/shape_path.h"
+#include "render/style_records.h"
 
 namespace orv {
 
@@ -111,6 +112,13 @@ bool CQRDObjectShape::Execute(const void* args, uint32_t code) {
     if (!args) return false;
     if (IsEffectCommand(code)) {
         m_effect = *static_cast<const UstEffect*>(args);
+        Changed();
+        return true;
+    }
+    if (code == CMD_SHAPE_STYLE) {
+        const auto* style = static_cast<const UstShape*>(args);
+        m_effect = style->effect;
+        m_attr = style->attr;
         Changed();
         return true;
     }

@@ -12,6 +12,8 @@
 namespace orv {
 
 constexpr uint32_t CMD_EDIT_SHAPE = 8001;
+// Argument: a UstShape record.
+constexpr uint32_t CMD_SHAPE_STYLE = 40053;
 constexpr int SHAPE_CIRCLE = 3;
 
 // The box a drag from start to current draws: normalised, and for a circle

@@ -169,6 +169,8 @@ int CPageManager::ExecCommand(const void* arg, uint32_t id, CQRDObject* target) 
             return SplitText(id == CMD_SPLIT_CHARS);
         case CMD_EDIT_SHAPE:
             return EditShapeCommand();
+        case CMD_SHAPE_STYLE:
+            return ShapeStyleCommand(arg);
         case CMD_INSERT_PICTURE:
         case CMD_INSERT_PICTURE_FILE:
             return arg && InsertPicture(*static_cast<const QString*>(arg)) ? 1 : 0;

@@ -307,6 +307,7 @@ private:
     int SetPageType(const void* arg);
     int TextCommand(const void* arg, uint32_t id);
     int LookCommand(const void* arg, uint32_t id);
+    int ShapeStyleCommand(const void* arg);
     int SymbolCommand(const void* arg);
     int SplitText(bool intoChars);
     int EditShapeCommand();

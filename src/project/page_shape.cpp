@@ -31,4 +31,16 @@ void CPageManager::EndStrayShapeEdits() {
             shape->SetEditing(false);
 }
 
+int CPageManager::ShapeStyleCommand(const void* arg) {
+    if (!arg) return 0;
+    const UstRect before = SelectionWindowRect();
+    bool changed = false;
+    for (CQRDObject* o : SelectedLeaves())
+        if (o->GetType() == OBJ_SHAPE) changed |= o->Execute(arg, CMD_SHAPE_STYLE);
+    if (!changed) return 0;
+    RefreshSelectedGroups();
+    RedrawAll(before);
+    return Tail();
+}
+
 }  // namespace orv

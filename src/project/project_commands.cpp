@@ -45,6 +45,8 @@ int CProjectManager::ExecCommand(const void* arg, uint32_t id) {
             return LeaveCanvas();
         case CMD_BACKGROUND_TO_ALL:
             return arg ? BackgroundToAll(*static_cast<const QString*>(arg)) : 0;
+        case CMD_BACKGROUND_STYLE:
+            return arg ? BackgroundToSelected(*static_cast<const QString*>(arg)) : 0;
         case CMD_COPY:
             return arg ? CopyPages(-1, *static_cast<QMimeData*>(const_cast<void*>(arg))) : 0;
         case CMD_CUT:
@@ -177,6 +179,29 @@ int CProjectManager::BackgroundToAll(const QString& source) {
     SetProjectModified();
     // The backgrounds given cannot be taken back page by page.
     m_pUndo->Clear();
+    if (m_pHost) m_pHost->PagesChanged();
+    return 1;
+}
+
+int CProjectManager::BackgroundToSelected(const QString& source) {
+    std::vector<CPageManager*> pages;
+    for (int i : m_aSelPages)
+        if (CPageManager* p = GetPage(i)) pages.push_back(p);
+    if (m_pCurPage) pages.push_back(m_pCurPage);
+    // Roll and crawl pages have no background.
+    std::erase_if(pages, [](const CPageManager* p) { return p->m_nPageType != 0; });
+    QString name;
+    if (pages.empty() || !IsImageExtension(source) || !LoadImageFile(source) ||
+        !CopyToObjectFolder(source, name, ObjectFolder(), *FileLinks()))
+        return 0;
+    for (CPageManager* page : pages) {
+        if (page == m_pCurPage)
+            page->InsertBackground(QDir(ObjectFolder()).filePath(name));
+        else
+            page->TakeBackgroundFile(name);
+    }
+    SetProjectModified();
+    m_pUndo->PushPages({pages.begin(), pages.end()}, UNDO_PAGES_EDITED);
     if (m_pHost) m_pHost->PagesChanged();
     return 1;
 }

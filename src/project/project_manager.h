@@ -55,7 +55,9 @@ enum EProjectCommand : uint32_t {
     CMD_SELECT_ALL_PAGES = 644,
     CMD_REMOVE_PAGE_FROM_SELECTION = 645,
     CMD_CLEAR_PAGE_SELECTION = 646,
-    CMD_LEAVE_CANVAS = 6001
+    CMD_LEAVE_CANVAS = 6001,
+    // A library background onto the current page and every selected page.
+    CMD_BACKGROUND_STYLE = 40050
 };
 
 // Effect values set on several pages at once, besides the single page's ids.
@@ -202,6 +204,7 @@ private:
     int RemovePageFromSelection(int index);
     int LeaveCanvas();
     int BackgroundToAll(const QString& source);
+    int BackgroundToSelected(const QString& source);
     void Identify(CPageManager& page) { page.m_nIdentity = ++m_nLastIdentity; }
     std::vector<int> CopiedPageIndices(int index) const;
     std::vector<CPageManager*> PasteTargets() const;

@@ -18,6 +18,7 @@
 
 #include "objects/text_object.h"
 #include "project/project_manager.h"
+#include "project/style_library.h"
 #include "render/font_service.h"
 #include "render/image_file.h"
 #include "render/text_measure.h"
@@ -56,6 +57,8 @@ CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* bo
     LoadDefaultAttr(m_folders.DataIni(), m_DefaultAttr, DefaultGuiFaceName());
     LoadEnv(m_folders.EnvIni(), m_Env, language);
     m_WorkAttr = m_DefaultAttr;
+    m_pStyles = std::make_unique<CStyleLibraries>(m_folders, language == 18);
+    m_pStyles->Load();
     m_PreviewImage.assign(PREVIEW_PIXELS, 0);
     m_timer.setTimerType(Qt::CoarseTimer);
     connect(&m_timer, &QTimer::timeout, this, &CMainFrame::OnTimer);
@@ -64,9 +67,9 @@ CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* bo
 CMainFrame::~CMainFrame() {
     disconnect(m_focusWatch);
     // The list pane goes first, then the engine, while the board they use
-    // still stands. The style lists join this order as they arrive; the
-    // settings are written last, and only here, so that a program that dies
-    // keeps those of its last proper exit.
+    // still stands. The style lists need nothing here: each change was
+    // written when it was made. The settings are written last, and only here, so that a program
+    // that dies keeps those of its last proper exit.
     delete m_pAutoPane;
     m_pAutoDlg = nullptr;
     m_pPlayEngine.reset();
@@ -96,6 +99,7 @@ bool CMainFrame::OnCreate() {
     CreateCommandBars();
     m_pSplash->SetStatus(tr("Initializing docking panes..."));
     CreatePanes();
+    CreateStylesPane();
     RestoreInterfaceState();
     LoadSkin();
     if (m_pBoard) {

@@ -14,6 +14,7 @@
 #include "project/folders.h"
 #include "project/object_folder.h"
 #include "project/settings_records.h"
+#include "render/style_records.h"
 #include "shell/key_routing.h"
 
 class QDockWidget;
@@ -29,6 +30,8 @@ class CPageManager;
 class CPlayCellList;
 class CProgramMonitor;
 class CSplashScreenEx;
+class CStyleLibraries;
+class CStylesPane;
 class CZevrantDoc;
 class CZevrantView;
 
@@ -155,6 +158,13 @@ public:
     // the commands, which keep the same rules.
     void UpdateEditActions(bool menuShown);
 
+    // The style galleries' commands: an apply, add or delete number of one
+    // of the five libraries with the gallery's item (-1 for the current
+    // item). Nonzero when something was done.
+    int StyleCommand(uint32_t id, int index = -1);
+    CStyleLibraries& Styles() { return *m_pStyles; }
+    CStylesPane* StylesPane() const { return m_pStylesPane; }
+
     int m_nPlayState = 0;
     bool m_bPageFocus = false;  // the page thumbnails hold the focus
     // The application's focus changes go on while the window is destroyed,
@@ -216,6 +226,20 @@ private:
     void RestoreInterfaceState();
     void LoadSkin();
     void RefreshViews();
+    void CreateStylesPane();
+    int ApplyTextStyle(const UstText& style);
+    int ApplyShapeStyle(const UstShape& style);
+    int ApplyObjectStyle(uint32_t id, const void* style, const UstAttr& attr,
+                         const UstEffect& effect);
+    int ApplyColorStyle(const UstFill& fill);
+    int ApplyBackgroundStyle(const QString& file);
+    int InsertPictureStyle(const QString& file);
+    int AddTextStyle();
+    int AddShapeStyle();
+    int AddColorStyle();
+    int AddPictureStyle(int library);
+    int DeleteStyle(int library, int index);
+    int StyleAdded(int library, bool added, int index);
 
     UstFolders m_folders;
     uint16_t m_nLanguage;
@@ -237,6 +261,8 @@ private:
     CAutoDlg* m_pAutoDlg = nullptr;
     QDockWidget* m_pAutoPane = nullptr;
     QMenu* m_pPlayMenu = nullptr;
+    std::unique_ptr<CStyleLibraries> m_pStyles;
+    CStylesPane* m_pStylesPane = nullptr;
     QAction* m_pPlayModeAction = nullptr;
 };
 

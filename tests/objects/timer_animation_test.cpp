@@ -6,10 +6,12 @@
 
 #include "objects/ani_object.h"
 #include "objects/tc_object.h"
+#include "objects/text_object.h"
 #include "render/fixed_string.h"
 #include "support/byte_builder.h"
 #include "support/looks.h"
 #include "support/rect_object.h"
+#include "test_util.h"
 
 namespace orv {
 namespace {
@@ -105,6 +107,29 @@ TEST(TimerObject, MovesByItsOriginAndANudgeIsOneUnit) {
     EXPECT_EQ(timer.m_fStoreX, 51.0f);
     EXPECT_EQ(timer.m_fStoreY, 230.0f);
     EXPECT_FALSE(timer.Execute(&to, 999));
+}
+
+TEST(TimerObject, TakesATextStyleAndKeepsAFaceItCanShow) {
+    CFakeContext page;
+    CQRDObjectTC timer(&page, Look("DejaVu Sans"), Counter(7, 0), 100, 200);
+    UstText style{};
+    style.attr = MakeDefaultAttr();
+    style.effect.nEdge = 9;
+    style.character.clrFill = 0xFF00FF00;
+    style.character.font.nSize = 90;
+    QStringToFixed("UnDotum", &style.character.font.szFace);
+    ASSERT_TRUE(timer.Execute(&style, CMD_TEXT_STYLE));
+    EXPECT_EQ(timer.m_attr.effect.nEdge, 9);
+    EXPECT_EQ(FixedToQString(&timer.m_attr.font.szFace), "UnDotum");
+    ASSERT_FALSE(timer.Chars().empty());
+    EXPECT_EQ(timer.Chars().front().clrFill, 0xFF00FF00u);
+    EXPECT_EQ(test::At<int32_t>(timer.Chars().front(), 6), 90);
+    // A face this machine lacks: the size comes, the face stays.
+    QStringToFixed("No Such Face 123", &style.character.font.szFace);
+    style.character.font.nSize = 30;
+    ASSERT_TRUE(timer.Execute(&style, CMD_TEXT_STYLE));
+    EXPECT_EQ(FixedToQString(&timer.m_attr.font.szFace), "UnDotum");
+    EXPECT_EQ(timer.m_attr.font.nSize, 30);
 }
 
 CBytes AnimationBytes(const QString& file) {

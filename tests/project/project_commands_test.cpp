@@ -10,6 +10,7 @@
 
 #include "project/project_manager.h"
 #include "support/rect_object.h"
+#include "test_util.h"
 
 namespace orv {
 namespace {
@@ -179,6 +180,33 @@ TEST_F(ProjectCommands, ABackgroundForEveryCutPageIsCopiedOnce) {
     EXPECT_EQ(QDir(project.ObjectFolder()).entryList(QDir::Files), QStringList{"sky.png"});
     const QString notes = QDir(dir.path()).filePath("notes.txt");
     EXPECT_EQ(project.ExecCommand(&notes, CMD_BACKGROUND_TO_ALL), 0);
+}
+
+TEST_F(ProjectCommands, ALibraryBackgroundGoesToTheCurrentAndSelectedPagesAsOneUndo) {
+    const uint32_t roll = 1;
+    project.GetPage(1)->ExecCommand(&roll, CMD_PAGE_TYPE);
+    Command(CMD_ADD_PAGE_TO_SELECTION, 0);
+    Command(CMD_ADD_PAGE_TO_SELECTION, 1);
+    const QString file = QDir(dir.path()).filePath("sky.png");
+    QImage sky(8, 4, QImage::Format_ARGB32);
+    sky.fill(0xFF3060C0u);
+    ASSERT_TRUE(sky.save(file));
+    const size_t undo = project.UndoLog().UndoCount();
+    ASSERT_EQ(project.ExecCommand(&file, CMD_BACKGROUND_STYLE), 1);
+    EXPECT_EQ(project.GetPage(0)->m_background.strFile, "sky.png");
+    EXPECT_EQ(project.GetPage(3)->m_background.strFile, "sky.png");  // the current page
+    EXPECT_EQ(project.GetPage(1)->m_background.bPresent, 0);         // roll
+    EXPECT_EQ(project.GetPage(2)->m_background.bPresent, 0);         // not selected
+    EXPECT_EQ(project.UndoLog().UndoCount(), undo + 1);
+    project.Undo();
+    EXPECT_EQ(project.GetPage(0)->m_background.bPresent, 0);
+    EXPECT_EQ(project.GetPage(3)->m_background.bPresent, 0);
+    // A file that is no picture changes nothing and records nothing.
+    const QString notes = QDir(dir.path()).filePath("notes.png");
+    test::WriteFile(notes.toStdString(), "no picture");
+    const size_t after = project.UndoLog().UndoCount();
+    EXPECT_EQ(project.ExecCommand(&notes, CMD_BACKGROUND_STYLE), 0);
+    EXPECT_EQ(project.UndoLog().UndoCount(), after);
 }
 
 }  // namespace
