@@ -269,6 +269,49 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgRetrText</name>
+    <message>
+        <source>Import Text File</source>
+        <translation>Import Text File</translation>
+    </message>
+    <message>
+        <source>Left margin:</source>
+        <translation>Left margin:</translation>
+    </message>
+    <message>
+        <source>Right margin:</source>
+        <translation>Right margin:</translation>
+    </message>
+    <message>
+        <source>Lines Per Page:</source>
+        <translation>Lines Per Page:</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Open...</translation>
+    </message>
+    <message>
+        <source>Append Pages</source>
+        <translation>Append Pages</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insert</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Text File (*.txt)</source>
+        <translation>Text File (*.txt)</translation>
+    </message>
+</context>
+<context>
     <name>orv::CMainFrame</name>
     <message>
         <source>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</source>
@@ -347,6 +390,22 @@ Program Monitor</translation>
         <translation>&amp;Paste</translation>
     </message>
     <message>
+        <source>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</source>
+        <translation>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>LibreOffice is not installed. Install the package %1 to import presentations.</source>
+        <translation>LibreOffice is not installed. Install the package %1 to import presentations.</translation>
+    </message>
+    <message>
+        <source>LibreOffice did not finish converting the presentation in time; nothing was imported.</source>
+        <translation>LibreOffice did not finish converting the presentation in time; nothing was imported.</translation>
+    </message>
+    <message>
+        <source>The presentation could not be imported: %1</source>
+        <translation>The presentation could not be imported: %1</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -395,6 +454,18 @@ Animation Properties...</translation>
 Preview Animation</source>
         <translation>Play the selected animation through on the canvas
 Preview Animation</translation>
+    </message>
+    <message>
+        <source>Import text file.
+Import Text File...</source>
+        <translation>Import text file.
+Import Text File...</translation>
+    </message>
+    <message>
+        <source>Import PowerPoint file.
+Import Slides...</source>
+        <translation>Import PowerPoint file.
+Import Slides...</translation>
     </message>
     <message>
         <source>Start keying
@@ -1241,6 +1312,21 @@ Recovering from the last modification.</translation>
     <message>
         <source> is saved.</source>
         <translation> is saved.</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CMainFrame</name>
+    <message>
+        <source>Loading PowerPoint Slides...</source>
+        <translation>Loading PowerPoint Slides...</translation>
+    </message>
+    <message>
+        <source>Extracting %1 of %2...</source>
+        <translation>Extracting %1 of %2...</translation>
+    </message>
+    <message>
+        <source>Inserting %1 of %2...</source>
+        <translation>Inserting %1 of %2...</translation>
     </message>
 </context>
 </TS>

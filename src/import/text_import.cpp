@@ -1,7 +1,5 @@
 #include "import/text_import.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <memory>
 
@@ -73,7 +71,7 @@ bool ReadTextFile(const QString& path, QString& text, QString* error) {
     CStdioFileEx file;
     if (!file.Open(path, FILE_MODE_READ | FILE_TYPE_TEXT, error)) return false;
     if (file.HasZeroBytes()) {
-        if (error) *error = QCoreApplication::translate("orv", "The file is not a text file.");
+        if (error) *error = QStringLiteral("not a text file");
         return false;
     }
     QString all, line;

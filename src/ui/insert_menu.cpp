@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "import/text_import.h"
 #include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
@@ -50,6 +51,10 @@ void CMainFrame::CreateInsertMenu() {
         CMD_PREVIEW_ANIMATION, [this] {
             if (CZevrantView* view = ActiveView()) view->PreviewAnimation();
         });
+    menu->addSeparator();
+    add(tr("Import text file.\nImport Text File..."), CMD_IMPORT_TEXT, [this] { ImportTextFile(); });
+    add(tr("Import PowerPoint file.\nImport Slides..."), CMD_IMPORT_SLIDES,
+        [this] { ImportSlideShow(); });
     menu->addSeparator();
     add(tr("Start keying\nStart Keying"), CMD_START_KEYING, page(CMD_START_KEYING));
     add(tr("Reset key value\nReset Key"), CMD_RESET_KEY, page(CMD_RESET_KEY));
