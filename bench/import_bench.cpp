@@ -24,14 +24,14 @@ constexpr double PAGE_TARGET = 0.5;
 constexpr double FRAME_SECONDS = 1001.0 / 30000.0;
 
 QString Lyrics(int lines) {
-    static const QString KOREAN[] = {QStringLiteral("주 하나님 지으신 모든 세계"),
-                                     QStringLiteral("내 마음 속에 그리어 볼 때"),
-                                     QStringLiteral("하늘의 별 울려 퍼지는 뇌성"),
-                                     QStringLiteral("주님의 권능 우주에 찼네")};
-    static const QString ENGLISH[] = {QStringLiteral("O Lord my God, when I in awesome wonder"),
-                                      QStringLiteral("Consider all the worlds Thy hands have made"),
-                                      QStringLiteral("I see the stars, I hear the rolling thunder"),
-                                      QStringLiteral("Thy power throughout the universe displayed")};
+    static const QString KOREAN[] = {
+        QStringLiteral("주 하나님 지으신 모든 세계"), QStringLiteral("내 마음 속에 그리어 볼 때"),
+        QStringLiteral("하늘의 별 울려 퍼지는 뇌성"), QStringLiteral("주님의 권능 우주에 찼네")};
+    static const QString ENGLISH[] = {
+        QStringLiteral("O Lord my God, when I in awesome wonder"),
+        QStringLiteral("Consider all the worlds Thy hands have made"),
+        QStringLiteral("I see the stars, I hear the rolling thunder"),
+        QStringLiteral("Thy power throughout the universe displayed")};
     QString text;
     for (int i = 0; i < lines; ++i)
         text += (i % 2 ? ENGLISH[(i / 2) % 4] : KOREAN[(i / 2) % 4]) + QStringLiteral("\r\n");
@@ -55,7 +55,8 @@ void BM_ImportText(benchmark::State& state) {
         project.SetFolder(dir.path() + QStringLiteral("/"));
         QDir(dir.path()).mkpath(QStringLiteral("Data"));
         project.AttachAll(&view);
-        const double seconds = BestSeconds([&] { pages = InsertTextPages(project, look, values); }, 1);
+        const double seconds =
+            BestSeconds([&] { pages = InsertTextPages(project, look, values); }, 1);
         perPage = seconds / pages;
     }
     state.counters["pages"] = pages;
@@ -71,6 +72,7 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    if (g_missed) std::printf("MISSED TARGET: a text page in at most 0.5 of a frame at 29.97 fps\n");
+    if (g_missed)
+        std::printf("MISSED TARGET: a text page in at most 0.5 of a frame at 29.97 fps\n");
     return g_missed ? 1 : 0;
 }

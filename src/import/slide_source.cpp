@@ -1,5 +1,6 @@
 #include "import/slide_source.h"
 
+#include <poppler-qt6.h>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -7,7 +8,6 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
-#include <poppler-qt6.h>
 
 #include <signal.h>
 #include <unistd.h>
@@ -88,9 +88,13 @@ EConvertResult ConvertToPdf(const QString& source, const QString& workFolder, in
     const QString profile = QDir(workFolder).filePath(QStringLiteral("profile"));
     const QStringList args = {
         QStringLiteral("-env:UserInstallation=") + QUrl::fromLocalFile(profile).toString(),
-        QStringLiteral("--headless"), QStringLiteral("--norestore"),
-        QStringLiteral("--convert-to"), QStringLiteral("pdf"), QStringLiteral("--outdir"),
-        workFolder, source};
+        QStringLiteral("--headless"),
+        QStringLiteral("--norestore"),
+        QStringLiteral("--convert-to"),
+        QStringLiteral("pdf"),
+        QStringLiteral("--outdir"),
+        workFolder,
+        source};
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.setChildProcessModifier([] { ::setsid(); });

@@ -138,7 +138,8 @@ bool CStdioFileEx::ReadNarrowLine(QString& line) {
     }
     // Qt's decoder drops a leading mark; the reader keeps it as U+FEFF.
     const bool mark = length >= 3 && std::memcmp(start, "\xEF\xBB\xBF", 3) == 0;
-    line = QString::fromUtf8(start + (mark ? 3 : 0), static_cast<qsizetype>(length - (mark ? 3 : 0)));
+    line =
+        QString::fromUtf8(start + (mark ? 3 : 0), static_cast<qsizetype>(length - (mark ? 3 : 0)));
     if (mark) line.prepend(QChar(0xFEFF));
     return true;
 }

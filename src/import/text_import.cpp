@@ -199,7 +199,8 @@ std::vector<UstCharPiece> SplitAtMarks(const QString& cleaned, CImportChars& mak
     return pieces;
 }
 
-std::vector<UstCharPiece> TextImportPieces(const UstTextImport& values, const UstDefaultAttr& look) {
+std::vector<UstCharPiece> TextImportPieces(const UstTextImport& values,
+                                           const UstDefaultAttr& look) {
     const QString cleaned = CleanImportText(values.text);
     if (cleaned.isEmpty()) return {};
     CImportChars maker(look);

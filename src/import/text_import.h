@@ -22,9 +22,9 @@ enum EImportCommand : uint32_t { CMD_IMPORT_TEXT = 806, CMD_IMPORT_SLIDES = 807 
 struct UstTextImport {
     QString text;
     int32_t nLinesPerPage = 2;
-    float fLeft = 0;    // where each line starts
-    float fTop = 0;     // the first line's baseline
-    int32_t nRight = 0;  // the right margin lines wrap at
+    float fLeft = 0;      // where each line starts
+    float fTop = 0;       // the first line's baseline
+    int32_t nRight = 0;   // the right margin lines wrap at
     int32_t bAppend = 0;  // at the end of the project, else behind the current page
 };
 

@@ -31,16 +31,23 @@ public:
     explicit CSlideProgressDialog(QWidget* parent) : m_dialog(parent) {
         m_dialog.setWindowModality(Qt::WindowModal);
         m_dialog.setMinimumDuration(0);
-        m_dialog.setLabelText(QCoreApplication::translate("orv::CMainFrame", "Loading PowerPoint Slides..."));
+        m_dialog.setLabelText(
+            QCoreApplication::translate("orv::CMainFrame", "Loading PowerPoint Slides..."));
         m_dialog.setRange(0, 0);
         m_dialog.show();
         Repaint();
     }
     void Stage(ESlideStage stage, int index, int count) override {
         if (stage == ESlideStage::EXTRACTING)
-            m_dialog.setLabelText(QCoreApplication::translate("orv::CMainFrame", "Extracting %1 of %2...").arg(index).arg(count));
+            m_dialog.setLabelText(
+                QCoreApplication::translate("orv::CMainFrame", "Extracting %1 of %2...")
+                    .arg(index)
+                    .arg(count));
         else if (stage == ESlideStage::INSERTING)
-            m_dialog.setLabelText(QCoreApplication::translate("orv::CMainFrame", "Inserting %1 of %2...").arg(index).arg(count));
+            m_dialog.setLabelText(
+                QCoreApplication::translate("orv::CMainFrame", "Inserting %1 of %2...")
+                    .arg(index)
+                    .arg(count));
         if (count > 0) {
             m_dialog.setRange(0, count);
             m_dialog.setValue(index);
@@ -110,9 +117,9 @@ void CMainFrame::ImportSlideShow() {
                                     "time; nothing was imported."));
             return;
         default:
-            QMessageBox::warning(this, windowTitle(),
-                                 tr("The presentation could not be imported: %1")
-                                     .arg(report.strDetail));
+            QMessageBox::warning(
+                this, windowTitle(),
+                tr("The presentation could not be imported: %1").arg(report.strDetail));
     }
 }
 

@@ -52,7 +52,8 @@ void CMainFrame::CreateInsertMenu() {
             if (CZevrantView* view = ActiveView()) view->PreviewAnimation();
         });
     menu->addSeparator();
-    add(tr("Import text file.\nImport Text File..."), CMD_IMPORT_TEXT, [this] { ImportTextFile(); });
+    add(tr("Import text file.\nImport Text File..."), CMD_IMPORT_TEXT,
+        [this] { ImportTextFile(); });
     add(tr("Import PowerPoint file.\nImport Slides..."), CMD_IMPORT_SLIDES,
         [this] { ImportSlideShow(); });
     menu->addSeparator();

@@ -46,7 +46,8 @@ void CStaticView::paintEvent(QPaintEvent*) {
     const double sy = double(target.height()) / m_image.height();
     p.setPen(QPen(QColor(255, 200, 0), 1, Qt::DashLine));
     const auto x = [&](double v) { return target.left() + v * sx; };
-    p.drawLine(QPointF(x(m_values.fLeft), target.top()), QPointF(x(m_values.fLeft), target.bottom()));
+    p.drawLine(QPointF(x(m_values.fLeft), target.top()),
+               QPointF(x(m_values.fLeft), target.bottom()));
     p.drawLine(QPointF(x(m_values.nRight), target.top()),
                QPointF(x(m_values.nRight), target.bottom()));
     const double y = target.top() + m_values.fTop * sy;

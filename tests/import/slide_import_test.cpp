@@ -160,8 +160,8 @@ TEST_F(SlideImport, PdfPagesDirectlyAndAFourByThreeFrame) {
     const UstSlideReport report = ImportPowerPoint(project, pdf, true);
     ASSERT_EQ(report.result, ESlideResult::DONE) << report.strDetail.toStdString();
     ASSERT_EQ(project.PageCount(), 3);
-    const std::string bmp =
-        test::ReadFile((folder + "Object/" + project.GetPage(2)->m_background.strFile).toStdString());
+    const std::string bmp = test::ReadFile(
+        (folder + "Object/" + project.GetPage(2)->m_background.strFile).toStdString());
     EXPECT_EQ(test::At<int32_t>(bmp[0], 18), 640);
     EXPECT_EQ(test::At<int32_t>(bmp[0], 22), 480);
     EXPECT_TRUE(NearColour(Draw(2).pixel(700, 480), SLIDE_COLOURS[2]));
@@ -169,11 +169,12 @@ TEST_F(SlideImport, PdfPagesDirectlyAndAFourByThreeFrame) {
 
 TEST_F(SlideImport, BadFilesLeaveTheProjectAsItWas) {
     ExpectUnchanged(ImportPowerPoint(project, Write("damaged.pptx", "PK\x03\x04 not a zip"), true));
-    ExpectUnchanged(ImportPowerPoint(project, Write("empty.pdf",
-                                                    "%PDF-1.4\n1 0 obj << /Type /Catalog /Pages 2 0 "
-                                                    "R >> endobj\n2 0 obj << /Type /Pages /Kids [] "
-                                                    "/Count 0 >> endobj\ntrailer << /Root 1 0 R "
-                                                    ">>\n%%EOF\n"),
+    ExpectUnchanged(ImportPowerPoint(project,
+                                     Write("empty.pdf",
+                                           "%PDF-1.4\n1 0 obj << /Type /Catalog /Pages 2 0 "
+                                           "R >> endobj\n2 0 obj << /Type /Pages /Kids [] "
+                                           "/Count 0 >> endobj\ntrailer << /Root 1 0 R "
+                                           ">>\n%%EOF\n"),
                                      true));
     ExpectUnchanged(ImportPowerPoint(project, Write("noise.pdf", std::string(3000, '\x7f')), true));
     ExpectUnchanged(ImportPowerPoint(project, folder + "missing.pptx", true));
@@ -189,7 +190,8 @@ TEST_F(SlideImport, AHangingOrMissingConverter) {
     qputenv("PATH", bin.toLocal8Bit());
     QElapsedTimer clock;
     clock.start();
-    const UstSlideReport hung = ImportPowerPoint(project, Write("a.pptx", "x"), true, nullptr, 1500);
+    const UstSlideReport hung =
+        ImportPowerPoint(project, Write("a.pptx", "x"), true, nullptr, 1500);
     EXPECT_EQ(hung.result, ESlideResult::TIMED_OUT);
     EXPECT_LT(clock.elapsed(), 10000);
     ExpectUnchanged(hung);

@@ -31,8 +31,14 @@ protected:
 };
 
 // "Ab" and a second line "c", in UTF-16 of either order with its mark.
-const std::string WIDE_LE("\xFF\xFE" "A\0b\0\r\0\n\0c\0", 12);
-const std::string WIDE_BE("\xFE\xFF" "\0A\0b\0\r\0\n\0c", 12);
+const std::string WIDE_LE(
+    "\xFF\xFE"
+    "A\0b\0\r\0\n\0c\0",
+    12);
+const std::string WIDE_BE(
+    "\xFE\xFF"
+    "\0A\0b\0\r\0\n\0c",
+    12);
 
 TEST_F(TextFile, Utf16WithAMarkReadsLikeItsNarrowTwin) {
     const QStringList narrow = Lines("Ab\r\nc");
@@ -59,13 +65,16 @@ TEST_F(TextFile, Utf8MarkStaysInTheFirstLine) {
 TEST_F(TextFile, UnmarkedKoreanReadsAsUtf8OrCp949) {
     // 사랑 in UTF-8, and 가한 in CP949, byte by byte.
     CStdioFileEx utf8;
-    EXPECT_EQ(Lines("\xEC\x82\xAC\xEB\x9E\x91 love\n", &utf8), QStringList({QStringLiteral("사랑 love")}));
+    EXPECT_EQ(Lines("\xEC\x82\xAC\xEB\x9E\x91 love\n", &utf8),
+              QStringList({QStringLiteral("사랑 love")}));
     EXPECT_TRUE(utf8.IsUtf8());
     CStdioFileEx cp949;
     EXPECT_EQ(Lines("\xB0\xA1\xC7\xD1 ok\r\n", &cp949), QStringList({QStringLiteral("가한 ok")}));
     EXPECT_FALSE(cp949.IsUtf8());
     // A byte CP949 has no character for is marked, and the rest still reads.
-    EXPECT_EQ(Lines("\xFF" "a\xB0\xA1"), QStringList({QStringLiteral("\uFFFDa가")}));
+    EXPECT_EQ(Lines("\xFF"
+                    "a\xB0\xA1"),
+              QStringList({QStringLiteral("\uFFFDa가")}));
 }
 
 TEST_F(TextFile, LineEndsOfEverySystem) {
@@ -81,10 +90,10 @@ TEST_F(TextFile, LineEndsOfEverySystem) {
 TEST(Utf8Check, RejectsWhatIsNotUtf8) {
     const auto valid = [](const std::string& s) { return IsValidUtf8(s.data(), s.size()); };
     EXPECT_TRUE(valid("plain"));
-    EXPECT_TRUE(valid("\xF4\x8F\xBF\xBF"));  // U+10FFFF
-    EXPECT_FALSE(valid("\xC0\x80"));         // overlong zero
-    EXPECT_FALSE(valid("\xE0\x9F\xBF"));     // overlong three bytes
-    EXPECT_FALSE(valid("\xED\xA0\x80"));     // a surrogate
+    EXPECT_TRUE(valid("\xF4\x8F\xBF\xBF"));   // U+10FFFF
+    EXPECT_FALSE(valid("\xC0\x80"));          // overlong zero
+    EXPECT_FALSE(valid("\xE0\x9F\xBF"));      // overlong three bytes
+    EXPECT_FALSE(valid("\xED\xA0\x80"));      // a surrogate
     EXPECT_FALSE(valid("\xF4\x90\x80\x80"));  // past U+10FFFF
     EXPECT_FALSE(valid("\xEC\x82"));          // cut short
     EXPECT_FALSE(valid("\xEC\x82\x41"));      // a lead without its followers
@@ -98,7 +107,10 @@ TEST_F(TextFile, WholeFilesAsTheDialogShowsThem) {
     EXPECT_TRUE(text.isEmpty());
     QString error;
     text = "kept";
-    EXPECT_FALSE(ReadTextFile(Write(std::string("\x7F" "ELF\0\0\x01", 7)), text, &error));
+    EXPECT_FALSE(ReadTextFile(Write(std::string("\x7F"
+                                                "ELF\0\0\x01",
+                                                7)),
+                              text, &error));
     EXPECT_FALSE(error.isEmpty());
     EXPECT_EQ(text, "kept");
     EXPECT_FALSE(ReadTextFile(dir.path() + "/missing.txt", text, &error));

@@ -74,8 +74,9 @@ TEST_F(TextImport, AutomaticModeKeepsInnerSlashesAndSqueezesBlanks) {
 }
 
 TEST_F(TextImport, OneLinePerPageAfterWrapping) {
-    const QString words = "Amazing grace how sweet the sound that saved a wretch like me I once was "
-                          "lost but now am found was blind but now I see";
+    const QString words =
+        "Amazing grace how sweet the sound that saved a wretch like me I once was "
+        "lost but now am found was blind but now I see";
     const int made = Import(words, 1);
     ASSERT_GT(made, 2);  // one line at size 72 cannot hold it
     QStringList joined;
@@ -127,7 +128,8 @@ TEST_F(TextImport, NothingToImportLeavesTheProjectAlone) {
 TEST_F(TextImport, HangulLinesKeepTheirCharactersAndGetAFaceThatHasThem) {
     ASSERT_EQ(Import(QStringLiteral("주 하나님 지으신 모든 세계\nHow great thou art"), 2), 1);
     const auto* text = static_cast<const CQRDObjectText*>(project.GetPage(1)->Objects()[0].get());
-    EXPECT_EQ(text->GetPlainText(), QStringLiteral("주 하나님 지으신 모든 세계\rHow great thou art"));
+    EXPECT_EQ(text->GetPlainText(),
+              QStringLiteral("주 하나님 지으신 모든 세계\rHow great thou art"));
     const UstCharAttr& hangul = text->Chars()[0];
     EXPECT_GT(hangul.nBoxWidth, 0);
     EXPECT_NE(FixedToQString(&hangul.font.szFace), "DejaVu Sans");

@@ -31,8 +31,7 @@ std::pair<int, int> InkRows(const QImage& image) {
 
 class RetrTextDialog : public testing::Test {
 protected:
-    RetrTextDialog()
-        : look(test::MakeLook("DejaVu Sans", 60)), dialog(look, 1920, 1080) {}
+    RetrTextDialog() : look(test::MakeLook("DejaVu Sans", 60)), dialog(look, 1920, 1080) {}
     QSlider* Slider(int id) { return dialog.findChild<QSlider*>(QString("slider%1").arg(id)); }
     UstDefaultAttr look;
     CDlgRetrText dialog;
@@ -75,7 +74,9 @@ TEST_F(RetrTextDialog, PreviewFollowsTextAndBaseline) {
 TEST_F(RetrTextDialog, OpeningFiles) {
     QTemporaryDir dir;
     const auto wide = test::TempPath(dir, "wide.txt");
-    test::WriteFile(wide, std::string("\xFF\xFE" "H\0i\0\r\0\n\0", 10));
+    test::WriteFile(wide, std::string("\xFF\xFE"
+                                      "H\0i\0\r\0\n\0",
+                                      10));
     ASSERT_TRUE(dialog.OpenFile(QString::fromStdString(wide.string())));
     EXPECT_EQ(dialog.Values().text, "Hi");
     EXPECT_FALSE(dialog.OpenFile(dir.path() + "/missing.txt"));
