@@ -7,6 +7,8 @@
 #include <QSlider>
 #include <QTemporaryDir>
 
+#include <tuple>
+
 #include "support/looks.h"
 #include "test_util.h"
 #include "ui/retr_text_dialog.h"
