@@ -234,15 +234,5 @@ TEST_F(SlideImport, CancelLeavesTheProjectAsItWas) {
     ExpectUnchanged({ESlideResult::CANCELLED, 0, {}});
 }
 
-TEST(SlideExport, SizesByFrame) {
-    int w = 0, h = 0;
-    SlideExportSize(true, true, 960, 540, &w, &h);
-    EXPECT_EQ(w * 1000 + h, 960540);
-    SlideExportSize(false, true, 960, 540, &w, &h);
-    EXPECT_EQ(w * 1000 + h, 640480);
-    SlideExportSize(false, false, 960, 540, &w, &h);
-    EXPECT_EQ(w * 1000 + h, 640360);
-}
-
 }  // namespace
 }  // namespace orv
