@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "import_commands.h"
 #include "media/avi_player.h"
 #include "media_commands.h"
 #include "output_commands.h"
@@ -31,6 +32,8 @@ const char* const HELP =
     "       orvantis-cli transition PROJECT PAGE --in N --out M [options]\n"
     "       orvantis-cli transition PROJECT PAGE --roll [options]\n"
     "       orvantis-cli play PROJECT [options] --output SPEC\n"
+    "       orvantis-cli import-text PROJECT FILE [--lines N] [--append]\n"
+    "       orvantis-cli import-slides PROJECT FILE\n"
     "\n"
     "The headless companion of the Orvantis-HD editor. PROJECT is a project\n"
     "file (project.qrdprj); its Data and Object folders lie beside it.\n"
@@ -106,12 +109,24 @@ const char* const HELP =
     "      --output SPEC  card, file:PATH.mkv, srt://HOST:PORT or null, as for\n"
     "                     output\n"
     "\n"
-    "info, resave, render, export-all, seq2ani, ani-info, ani-frame and\n"
-    "transition exit with 0 when done, 1 when a file does not load, is damaged\n"
-    "or cannot be written (one line on stderr names the file and the reason),\n"
-    "and 2 on bad usage. play exits with 0 when its list is used up or a signal\n"
-    "stopped it, 1 when the project does not load or an output failed, 2 on bad\n"
-    "usage.\n";
+    "  import-text PROJECT FILE\n"
+    "                make pages of a text file and save the project: a line that\n"
+    "                holds only // ends a page, else the text is wrapped at the\n"
+    "                margins and cut every N lines; UTF-8, UTF-16 with a mark or\n"
+    "                CP949; the pages go behind the first page\n"
+    "      --lines N      lines per page, 1 to 100 (2)\n"
+    "      --append       the pages go at the end of the project\n"
+    "  import-slides PROJECT FILE\n"
+    "                one page per slide of a presentation (PPTX, PPT, ODP, through\n"
+    "                LibreOffice) or of a PDF, the slide as the page's background\n"
+    "                in the Object folder, at the end of the project\n"
+    "\n"
+    "info, resave, render, export-all, seq2ani, ani-info, ani-frame, transition,\n"
+    "import-text and import-slides exit with 0 when done, 1 when a file does not\n"
+    "load, is damaged, makes no pages or cannot be written (one line on stderr\n"
+    "names the file and the reason), and 2 on bad usage. play exits with 0 when\n"
+    "its list is used up or a signal stopped it, 1 when the project does not load\n"
+    "or an output failed, 2 on bad usage.\n";
 
 int Demo(int argc, char** argv) {
     if (argc < 3) {
@@ -146,6 +161,8 @@ constexpr UstCommand FILE_COMMANDS[] = {
     {"seq2ani", orv::cli::SequenceToAni},
     {"ani-info", orv::cli::AniInfo},
     {"ani-frame", orv::cli::AniFrame},
+    {"import-text", orv::cli::ImportText},
+    {"import-slides", orv::cli::ImportSlides},
 };
 
 }  // namespace

@@ -1052,6 +1052,46 @@ Recovering from the last modification.</translation>
         <source>Failed deleting a style.</source>
         <translation>Failed deleting a style.</translation>
     </message>
+    <message>
+        <source>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</source>
+        <translation>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>LibreOffice is not installed. Install the package %1 to import presentations.</source>
+        <translation>LibreOffice is not installed. Install the package %1 to import presentations.</translation>
+    </message>
+    <message>
+        <source>LibreOffice did not finish converting the presentation in time; nothing was imported.</source>
+        <translation>LibreOffice did not finish converting the presentation in time; nothing was imported.</translation>
+    </message>
+    <message>
+        <source>The presentation could not be imported: %1</source>
+        <translation>The presentation could not be imported: %1</translation>
+    </message>
+    <message>
+        <source>Import text file.
+Import Text File...</source>
+        <translation>Import text file.
+Import Text File...</translation>
+    </message>
+    <message>
+        <source>Import PowerPoint file.
+Import Slides...</source>
+        <translation>Import PowerPoint file.
+Import Slides...</translation>
+    </message>
+    <message>
+        <source>Loading PowerPoint Slides...</source>
+        <translation>Loading PowerPoint Slides...</translation>
+    </message>
+    <message>
+        <source>Extracting %1 of %2...</source>
+        <translation>Extracting %1 of %2...</translation>
+    </message>
+    <message>
+        <source>Inserting %1 of %2...</source>
+        <translation>Inserting %1 of %2...</translation>
+    </message>
 </context>
 <context>
     <name>orv::CPlayDlg</name>
@@ -1449,6 +1489,49 @@ Recovering from the last modification.</translation>
     <message>
         <source>Preview:</source>
         <translation>Preview:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgRetrText</name>
+    <message>
+        <source>Import Text File</source>
+        <translation>Import Text File</translation>
+    </message>
+    <message>
+        <source>Left margin:</source>
+        <translation>Left margin:</translation>
+    </message>
+    <message>
+        <source>Right margin:</source>
+        <translation>Right margin:</translation>
+    </message>
+    <message>
+        <source>Lines Per Page:</source>
+        <translation>Lines Per Page:</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Open...</translation>
+    </message>
+    <message>
+        <source>Append Pages</source>
+        <translation>Append Pages</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insert</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Text File (*.txt)</source>
+        <translation>Text File (*.txt)</translation>
     </message>
 </context>
 </TS>

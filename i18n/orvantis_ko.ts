@@ -1028,6 +1028,46 @@ Recovering from the last modification.</source>
         <source>Failed deleting a style.</source>
         <translation>스타일을 삭제하지 못했습니다.</translation>
     </message>
+    <message>
+        <source>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</source>
+        <translation>파워포인트 프레젠테이션 (*.pptx);;파워포인트 97-2003 프레젠테이션(*.ppt);;OpenDocument 프레젠테이션 (*.odp);;PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>LibreOffice is not installed. Install the package %1 to import presentations.</source>
+        <translation>LibreOffice가 설치되어 있지 않습니다. 프레젠테이션을 가져오려면 %1 패키지를 설치하십시오.</translation>
+    </message>
+    <message>
+        <source>LibreOffice did not finish converting the presentation in time; nothing was imported.</source>
+        <translation>LibreOffice가 제시간에 프레젠테이션 변환을 끝내지 못해 아무것도 가져오지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>The presentation could not be imported: %1</source>
+        <translation>프레젠테이션을 가져올 수 없습니다: %1</translation>
+    </message>
+    <message>
+        <source>Import text file.
+Import Text File...</source>
+        <translation>텍스트 파일을 가져옵니다.
+텍스트 파일 가져오기...</translation>
+    </message>
+    <message>
+        <source>Import PowerPoint file.
+Import Slides...</source>
+        <translation>파워포인트 파일을 가져옵니다.
+슬라이드 가져오기...</translation>
+    </message>
+    <message>
+        <source>Loading PowerPoint Slides...</source>
+        <translation>파워포인트 슬라이드를 불러오는 중...</translation>
+    </message>
+    <message>
+        <source>Extracting %1 of %2...</source>
+        <translation>%2개 중 %1번째 추출 중...</translation>
+    </message>
+    <message>
+        <source>Inserting %1 of %2...</source>
+        <translation>%2개 중 %1번째 삽입 중...</translation>
+    </message>
 </context>
 <context>
     <name>orv::CPlayDlg</name>
@@ -1425,6 +1465,49 @@ Recovering from the last modification.</source>
     <message>
         <source>Preview:</source>
         <translation>미리 보기:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgRetrText</name>
+    <message>
+        <source>Import Text File</source>
+        <translation>텍스트 파일 가져오기</translation>
+    </message>
+    <message>
+        <source>Left margin:</source>
+        <translation>왼쪽 여백:</translation>
+    </message>
+    <message>
+        <source>Right margin:</source>
+        <translation>오른쪽 여백:</translation>
+    </message>
+    <message>
+        <source>Lines Per Page:</source>
+        <translation>페이지당 줄 수:</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>열기...</translation>
+    </message>
+    <message>
+        <source>Append Pages</source>
+        <translation>맨 뒤에 페이지 추가</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>삽입</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
+    </message>
+    <message>
+        <source>Text File (*.txt)</source>
+        <translation>텍스트 파일 (*.txt)</translation>
     </message>
 </context>
 </TS>

@@ -13,6 +13,7 @@ ORV_PACKAGES=(
     libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
     gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-plugins-ugly
     gstreamer1.0-libav
+    libpoppler-qt6-dev libreoffice-impress-nogui
 )
 
 orv_as_root() {

@@ -312,6 +312,29 @@ KO = {
     "ON AIR": "송출 중",
     "Page %1": "%1 페이지",
     " (discarded)": " (제외됨)",
+    "Import text file.\nImport Text File...": "텍스트 파일을 가져옵니다.\n텍스트 파일 가져오기...",
+    "Import PowerPoint file.\nImport Slides...": "파워포인트 파일을 가져옵니다.\n슬라이드 가져오기...",
+    "Import Text File": "텍스트 파일 가져오기",
+    "Left margin:": "왼쪽 여백:",
+    "Right margin:": "오른쪽 여백:",
+    "Lines Per Page:": "페이지당 줄 수:",
+    "Open...": "열기...",
+    "Append Pages": "맨 뒤에 페이지 추가",
+    "Insert": "삽입",
+    "Cancel": "취소",
+    "Text File (*.txt)": "텍스트 파일 (*.txt)",
+    "Loading PowerPoint Slides...": "파워포인트 슬라이드를 불러오는 중...",
+    "Extracting %1 of %2...": "%2개 중 %1번째 추출 중...",
+    "Inserting %1 of %2...": "%2개 중 %1번째 삽입 중...",
+    "PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;"
+    "OpenDocument Presentation (*.odp);;PDF (*.pdf)":
+        "파워포인트 프레젠테이션 (*.pptx);;파워포인트 97-2003 프레젠테이션(*.ppt);;"
+        "OpenDocument 프레젠테이션 (*.odp);;PDF (*.pdf)",
+    "LibreOffice is not installed. Install the package %1 to import presentations.":
+        "LibreOffice가 설치되어 있지 않습니다. 프레젠테이션을 가져오려면 %1 패키지를 설치하십시오.",
+    "LibreOffice did not finish converting the presentation in time; nothing was imported.":
+        "LibreOffice가 제시간에 프레젠테이션 변환을 끝내지 못해 아무것도 가져오지 않았습니다.",
+    "The presentation could not be imported: %1": "프레젠테이션을 가져올 수 없습니다: %1",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)

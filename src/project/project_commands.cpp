@@ -79,6 +79,32 @@ int CProjectManager::NewPage(const int* afterIndex) {
     return 1;
 }
 
+void CProjectManager::AdoptPages(std::vector<std::unique_ptr<CPageManager>> pages, bool append,
+                                 int afterIndex) {
+    if (pages.empty()) return;
+    m_pUndo->Clear();
+    if (m_pCurPage) m_pCurPage->Deactivate();
+    int at = append ? PageCount() : std::clamp(afterIndex + 1, 0, PageCount());
+    const int first = at;
+    for (auto& page : pages) {
+        // Made with this project and its view already, thumbnail drawn.
+        Identify(*page);
+        page->EnsureThumbFile();
+        for (int& i : m_aSelPages)
+            if (i >= at) ++i;
+        m_aPages.insert(m_aPages.begin() + at, std::move(page));
+        if (m_nCurPage >= at) ++m_nCurPage;
+        ++at;
+    }
+    if (m_pCurPage)
+        m_pCurPage->Activate(false);
+    else
+        PageClicked(first, true);
+    SetProjectModified();
+    StatusChanged();
+    PanelsChanged();
+}
+
 bool CProjectManager::IsPageDeletable(int index) const {
     const CPageManager* page = GetPage(index);
     if (!page) return false;

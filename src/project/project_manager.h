@@ -94,6 +94,12 @@ public:
     int SetPagesEffectValue(const void* value, uint32_t id);
     void SetHost(CProjectHost* host) { m_pHost = host; }
     bool IsPageDeletable(int index) const;
+    // Pages made for this project and its view but not in its list (an
+    // import) taken in: at the end, or
+    // each behind the one before starting behind `afterIndex`. Imports
+    // cannot be undone, so the undo log is emptied first; the current page
+    // stays, and without one the first new page becomes current.
+    void AdoptPages(std::vector<std::unique_ptr<CPageManager>> pages, bool append, int afterIndex);
     void RemovePage(int index);
 
     CPageManager* GetPage(int index) const;

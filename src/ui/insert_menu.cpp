@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "import/text_import.h"
 #include "objects/ani_object.h"
 #include "objects/group_object.h"
 #include "objects/picture_object.h"
@@ -56,6 +57,11 @@ void CMainFrame::CreateInsertMenu() {
         [this] { InsertTimer(); });
     add(tr("Timer/Counter properties\nTimer/Counter Properties..."), CMD_TIMER_PROPERTIES,
         [this] { ShowTimerProperties(); });
+    menu->addSeparator();
+    add(tr("Import text file.\nImport Text File..."), CMD_IMPORT_TEXT,
+        [this] { ImportTextFile(); });
+    add(tr("Import PowerPoint file.\nImport Slides..."), CMD_IMPORT_SLIDES,
+        [this] { ImportSlideShow(); });
     menu->addSeparator();
     add(tr("Start keying\nStart Keying"), CMD_START_KEYING, page(CMD_START_KEYING));
     add(tr("Reset key value\nReset Key"), CMD_RESET_KEY, page(CMD_RESET_KEY));

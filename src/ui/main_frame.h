@@ -207,6 +207,8 @@ private:
     void RememberProject(const CZevrantDoc& doc);
     void AddPageActions(QMenu* menu);
     void InsertBackgroundToAll();
+    void ImportTextFile();
+    void ImportSlideShow();
     void InsertPictureFile(uint32_t command);
     void InsertAnimationFile();
     QString ConvertSequence(const QStringList& files, const QString& objectFolder);
