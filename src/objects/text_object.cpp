@@ -28,7 +28,7 @@ bool SameFace(const UstFontBlock& a, const UstFontBlock& b) {
 const QSet<QString>& InstalledFaces() {
     static const QSet<QString> faces = [] {
         QSet<QString> set;
-        for (const QString& f : InstalledFontFamilies())
+        for (const QString& f : InstalledFontFamilyNames())
             set.insert(f.toCaseFolded());
         return set;
     }();

@@ -88,7 +88,7 @@ QImage DrawTextThumbnail(const UstText& style, bool korean) {
     int width = 0, height = 0;
     for (const UstCharAttr& c : chars) {
         width += c.nBoxWidth;
-        height = std::max<int>(height, c.nBoxHeight);
+        height = std::max(height, int{c.nBoxHeight});
     }
     width += KOREAN_GAP * (static_cast<int>(chars.size()) - 1);
     float x = static_cast<float>(STYLE_THUMB_WIDTH - width) / 2.0f;

@@ -92,7 +92,9 @@ UstFaceMatch MatchFace(const QString& family, uint8_t charSet) {
     return it->second;
 }
 
-QStringList InstalledFontFamilies() {
+namespace {
+
+QStringList ScalableFamilies(bool everyName) {
     QSet<QString> seen;
     if (!FcInit()) return {};
     FcPattern* pattern = FcPatternCreate();
@@ -100,8 +102,12 @@ QStringList InstalledFontFamilies() {
     FcObjectSet* objects = FcObjectSetBuild(FC_FAMILY, nullptr);
     if (FcFontSet* set = FcFontList(nullptr, pattern, objects)) {
         for (int i = 0; i < set->nfont; ++i) {
-            const QString family = PatternFamily(set->fonts[i], 0);
-            if (!family.isEmpty()) seen.insert(family);
+            for (int n = 0;; ++n) {
+                const QString family = PatternFamily(set->fonts[i], n);
+                if (family.isEmpty()) break;
+                seen.insert(family);
+                if (!everyName) break;
+            }
         }
         FcFontSetDestroy(set);
     }
@@ -111,6 +117,12 @@ QStringList InstalledFontFamilies() {
     families.sort(Qt::CaseInsensitive);
     return families;
 }
+
+}  // namespace
+
+QStringList InstalledFontFamilies() { return ScalableFamilies(false); }
+
+QStringList InstalledFontFamilyNames() { return ScalableFamilies(true); }
 
 namespace {
 

@@ -28,8 +28,13 @@ struct UstFaceMatch {
 // to "DejaVu Sans" when fontconfig has no answer.
 std::u16string DefaultGuiFaceName();
 
-// Installed font families, sorted, each once.
+// Installed font families, sorted, each once, under the name the current
+// language puts first.
 QStringList InstalledFontFamilies();
+
+// Every name an installed family answers to: a Korean face is "UnDotum" and
+// "은 돋움" alike, and which one comes first follows the locale.
+QStringList InstalledFontFamilyNames();
 
 // The installed face for a family name, as fontconfig matches it; Hangul
 // character sets (129, 130) prefer faces that cover Korean.

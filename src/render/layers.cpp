@@ -36,12 +36,12 @@ UstRect Deflate(const UstRect& r, int d) {
 // the ranges, so that a damaged record cannot ask for an absurd canvas.
 UstEffect Bounded(const UstEffect& e) {
     UstEffect b = e;
-    b.nEdge = std::clamp(e.nEdge, 0, 30);
-    b.nOutline = std::clamp(e.nOutline, 0, 30);
-    b.nEdgeSoft = std::clamp(e.nEdgeSoft, 0, 20);
-    b.nShadowX = std::clamp(e.nShadowX, -50, 50);
-    b.nShadowY = std::clamp(e.nShadowY, -50, 50);
-    b.nShadowSoft = std::clamp(e.nShadowSoft, 0, 20);
+    b.nEdge = std::clamp(+e.nEdge, 0, 30);
+    b.nOutline = std::clamp(+e.nOutline, 0, 30);
+    b.nEdgeSoft = std::clamp(+e.nEdgeSoft, 0, 20);
+    b.nShadowX = std::clamp(+e.nShadowX, -50, 50);
+    b.nShadowY = std::clamp(+e.nShadowY, -50, 50);
+    b.nShadowSoft = std::clamp(+e.nShadowSoft, 0, 20);
     return b;
 }
 

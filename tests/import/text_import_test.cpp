@@ -131,7 +131,7 @@ TEST_F(TextImport, HangulLinesKeepTheirCharactersAndGetAFaceThatHasThem) {
     EXPECT_EQ(text->GetPlainText(),
               QStringLiteral("주 하나님 지으신 모든 세계\rHow great thou art"));
     const UstCharAttr& hangul = text->Chars()[0];
-    EXPECT_GT(hangul.nBoxWidth, 0);
+    EXPECT_GT(int{hangul.nBoxWidth}, 0);
     EXPECT_NE(FixedToQString(&hangul.font.szFace), "DejaVu Sans");
     EXPECT_EQ(FixedToQString(&text->Chars().back().font.szFace), "DejaVu Sans");
 }

@@ -269,6 +269,9 @@ TEST_F(TextEdit, ArchiveKeepsEverythingAndReplacesMissingFaces) {
     std::vector<UstCharAttr> chars = text->Chars();
     QStringToFixed(QStringLiteral("Face Nobody Has"), &chars[0].font.szFace);
     chars[0].nAdvance = 999;
+    // Saved where the locale puts a Korean family's own name first: the
+    // face is installed under that name too, and stays.
+    QStringToFixed(QStringLiteral("은 돋움"), &chars[3].font.szFace);
     text->SetChars(chars);
     CByteWriter out;
     text->Serialize(out);
@@ -281,6 +284,7 @@ TEST_F(TextEdit, ArchiveKeepsEverythingAndReplacesMissingFaces) {
     EXPECT_EQ(back.m_nAngle, 30);
     EXPECT_FLOAT_EQ(back.m_fStoreX, text->m_fStoreX);
     EXPECT_EQ(FixedToQString(&back.Chars()[0].font.szFace), "DejaVu Sans");
+    EXPECT_EQ(FixedToQString(&back.Chars()[3].font.szFace), QStringLiteral("은 돋움"));
     EXPECT_NE(+back.Chars()[0].nAdvance, 999);  // measured again
     EXPECT_EQ(std::memcmp(&back.Chars()[1], &text->Chars()[1], sizeof(UstCharAttr)), 0);
     CByteReader cut(out.Bytes().data(), out.Size() - 50);

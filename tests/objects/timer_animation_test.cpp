@@ -119,17 +119,17 @@ TEST(TimerObject, TakesATextStyleAndKeepsAFaceItCanShow) {
     style.character.font.nSize = 90;
     QStringToFixed("UnDotum", &style.character.font.szFace);
     ASSERT_TRUE(timer.Execute(&style, CMD_TEXT_STYLE));
-    EXPECT_EQ(timer.m_attr.effect.nEdge, 9);
+    EXPECT_EQ(+timer.m_attr.effect.nEdge, 9);
     EXPECT_EQ(FixedToQString(&timer.m_attr.font.szFace), "UnDotum");
     ASSERT_FALSE(timer.Chars().empty());
-    EXPECT_EQ(timer.Chars().front().clrFill, 0xFF00FF00u);
+    EXPECT_EQ(uint32_t{timer.Chars().front().clrFill}, 0xFF00FF00u);
     EXPECT_EQ(test::At<int32_t>(timer.Chars().front(), 6), 90);
     // A face this machine lacks: the size comes, the face stays.
     QStringToFixed("No Such Face 123", &style.character.font.szFace);
     style.character.font.nSize = 30;
     ASSERT_TRUE(timer.Execute(&style, CMD_TEXT_STYLE));
     EXPECT_EQ(FixedToQString(&timer.m_attr.font.szFace), "UnDotum");
-    EXPECT_EQ(timer.m_attr.font.nSize, 30);
+    EXPECT_EQ(+timer.m_attr.font.nSize, 30);
 }
 
 CBytes AnimationBytes(const QString& file) {

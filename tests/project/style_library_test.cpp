@@ -62,15 +62,15 @@ TEST_F(StyleLists, HandBuiltListsLoadAndSaveToTheSameBytes) {
     EXPECT_EQ(FixedToQString(&styles[1].character.font.szFace), "UnDotum");
     EXPECT_EQ(test::At<int32_t>(styles[0], 6), 48);
     EXPECT_EQ(test::At<int32_t>(styles[1], 6), 72);
-    EXPECT_EQ(styles[0].character.clrFill, 0xFFFF0000u);
-    EXPECT_EQ(styles[1].character.clrFill, 0x800000FFu);
-    EXPECT_EQ(styles[0].effect.nEdge, 3);
-    EXPECT_EQ(styles[1].attr.fill[0].clrSolid, 0xFF123456u);
+    EXPECT_EQ(uint32_t{styles[0].character.clrFill}, 0xFFFF0000u);
+    EXPECT_EQ(uint32_t{styles[1].character.clrFill}, 0x800000FFu);
+    EXPECT_EQ(+styles[0].effect.nEdge, 3);
+    EXPECT_EQ(+styles[1].attr.fill[0].clrSolid, 0xFF123456u);
     EXPECT_EQ(ThumbNameOf(&styles[1].szThumb), "2.BMP");
 
     std::vector<UstColor> colours;
     ASSERT_EQ(LoadColorStyles(Path("style.stcolor"), colours), 1);
-    EXPECT_EQ(colours[0].fill.clrSolid, 0xFF336699u);
+    EXPECT_EQ(+colours[0].fill.clrSolid, 0xFF336699u);
 
     ASSERT_TRUE(SaveTextStyles(Path("copy.sttxt"), styles));
     ASSERT_TRUE(SaveColorStyles(Path("copy.stcolor"), colours));
@@ -159,7 +159,7 @@ TEST_F(ColorLibrary, AnAddIsOnDiskAtOnceWithNoTemporaryLeft) {
     auto next = Library();
     EXPECT_TRUE(next.Load().Clean());
     ASSERT_EQ(next.Count(), 2);
-    EXPECT_EQ(next.Items()[1].fill.clrSolid, 0xFF0000FFu);
+    EXPECT_EQ(+next.Items()[1].fill.clrSolid, 0xFF0000FFu);
     EXPECT_TRUE(QFileInfo(next.ThumbPath(0)).isFile());
     EXPECT_EQ(Files().size(), 3);  // the list and two thumbnails, nothing else
     EXPECT_EQ(made, 2);
@@ -177,7 +177,7 @@ TEST_F(ColorLibrary, DeleteRemovesRecordAndThumbnail) {
     auto next = Library();
     next.Load();
     ASSERT_EQ(next.Count(), 1);
-    EXPECT_EQ(next.Items()[0].fill.clrSolid, 0xFF222222u);
+    EXPECT_EQ(+next.Items()[0].fill.clrSolid, 0xFF222222u);
 }
 
 TEST_F(ColorLibrary, AListThatCannotBeWrittenChangesNothing) {

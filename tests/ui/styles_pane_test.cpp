@@ -59,17 +59,17 @@ TEST_F(StylesPaneTest, ATextStyleClickedOntoTheSelectionIsOneUndo) {
     const size_t undoBefore = doc->Project().UndoLog().UndoCount();
     ClickItem(STYLE_TEXT, 0);
     text = static_cast<CQRDObjectText*>(Cur()->Objects().front().get());
-    EXPECT_EQ(text->m_attr.fill[0].clrSolid, 0xFFFF00FFu);
-    EXPECT_EQ(text->m_effect.nEdge, 7);
+    EXPECT_EQ(+text->m_attr.fill[0].clrSolid, 0xFFFF00FFu);
+    EXPECT_EQ(+text->m_effect.nEdge, 7);
     for (const UstCharAttr& c : text->Chars())
-        EXPECT_EQ(c.clrFill, 0xFFFF00FFu);
+        EXPECT_EQ(uint32_t{c.clrFill}, 0xFFFF00FFu);
     EXPECT_EQ(doc->Project().UndoLog().UndoCount(), undoBefore + 1);
 
     view->EditCommand(CMD_UNDO);
     text = static_cast<CQRDObjectText*>(Cur()->Objects().front().get());
-    EXPECT_EQ(text->m_attr.fill[0].clrSolid, before);
-    EXPECT_NE(text->m_effect.nEdge, 7);
-    EXPECT_NE(text->Chars().front().clrFill, 0xFFFF00FFu);
+    EXPECT_EQ(+text->m_attr.fill[0].clrSolid, before);
+    EXPECT_NE(+text->m_effect.nEdge, 7);
+    EXPECT_NE(uint32_t{text->Chars().front().clrFill}, 0xFFFF00FFu);
 }
 
 TEST_F(StylesPaneTest, AddTakesTheSelectionsLookAndDeleteTakesItAway) {
@@ -82,7 +82,7 @@ TEST_F(StylesPaneTest, AddTakesTheSelectionsLookAndDeleteTakesItAway) {
     CStyleLibraries again(m_folders, false);
     again.Load();
     ASSERT_EQ(again.Text().Count(), 1);
-    EXPECT_EQ(again.Text().Items()[0].attr.fill[0].clrSolid, 0xFF00FFFFu);
+    EXPECT_EQ(+again.Text().Items()[0].attr.fill[0].clrSolid, 0xFF00FFFFu);
     EXPECT_TRUE(QFileInfo(again.Text().ThumbPath(0)).isFile());
 
     // A shape's style, then onto another shape.
@@ -95,7 +95,7 @@ TEST_F(StylesPaneTest, AddTakesTheSelectionsLookAndDeleteTakesItAway) {
         nullptr, 1, UstRect{300, 200, 400, 300}, MakeDefaultAttr(), MakeDefaultEffect())));
     Cur()->SelectOnly(b);
     EXPECT_EQ(frame->StyleCommand(40042, 0), 1);
-    EXPECT_EQ(b->m_attr.fill[0].clrSolid, 0xFF102030u);
+    EXPECT_EQ(+b->m_attr.fill[0].clrSolid, 0xFF102030u);
 
     Gallery(STYLE_TEXT)->SetCurrentIndex(0);
     Gallery(STYLE_TEXT)->DeleteButton()->click();
