@@ -120,9 +120,13 @@ QStringList ScalableFamilies(bool everyName) {
 
 }  // namespace
 
-QStringList InstalledFontFamilies() { return ScalableFamilies(false); }
+QStringList InstalledFontFamilies() {
+    return ScalableFamilies(false);
+}
 
-QStringList InstalledFontFamilyNames() { return ScalableFamilies(true); }
+QStringList InstalledFontFamilyNames() {
+    return ScalableFamilies(true);
+}
 
 namespace {
 
