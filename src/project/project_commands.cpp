@@ -58,7 +58,7 @@ int CProjectManager::ExecCommand(const void* arg, uint32_t id) {
         case CMD_REDO:
             return Redo();
         default:
-            return 0;
+            return IsMasterCommand(id) ? BatchAttribute(arg, id) : 0;
     }
 }
 

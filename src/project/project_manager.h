@@ -67,6 +67,10 @@ enum EPagesEffectCommand : uint32_t {
     CMD_EFFECT_PAIR = 8202  // both numbers, each only where a transition may stand
 };
 
+// The attribute commands that master attribute mode gives to the project
+// instead of the page.
+bool IsMasterCommand(uint32_t id);
+
 // What a project asks of the window around it.
 class CProjectHost {
 public:
@@ -92,6 +96,10 @@ public:
     int ExecCommand(const void* arg, uint32_t id);
     // An effect value set on the extra selected pages and the current one.
     int SetPagesEffectValue(const void* value, uint32_t id);
+    // Master attribute mode: an attribute command to every object that
+    // takes it on the selected pages (all pages when none is selected), as
+    // one undo step; 0 when no object changed.
+    int BatchAttribute(const void* arg, uint32_t id);
     void SetHost(CProjectHost* host) { m_pHost = host; }
     bool IsPageDeletable(int index) const;
     // Pages made for this project and its view but not in its list (an

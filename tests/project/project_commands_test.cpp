@@ -8,7 +8,9 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include "objects/shape_object.h"
 #include "project/project_manager.h"
+#include "project/undo_log.h"
 #include "support/rect_object.h"
 #include "test_util.h"
 
@@ -207,6 +209,46 @@ TEST_F(ProjectCommands, ALibraryBackgroundGoesToTheCurrentAndSelectedPagesAsOneU
     const size_t after = project.UndoLog().UndoCount();
     EXPECT_EQ(project.ExecCommand(&notes, CMD_BACKGROUND_STYLE), 0);
     EXPECT_EQ(project.UndoLog().UndoCount(), after);
+}
+
+// Master attribute mode: the current page and the extra selected ones take
+// the paint, the page left out keeps its own, and one undo takes it back.
+TEST_F(ProjectCommands, MasterAttributesReachTheSelectedPagesAsOneUndo) {
+    std::vector<CQRDObjectShape*> shapes;
+    for (int i = 0; i < project.PageCount(); ++i) {
+        CPageManager* page = project.GetPage(i);
+        shapes.push_back(
+            static_cast<CQRDObjectShape*>(page->AddObject(std::make_unique<CQRDObjectShape>(
+                page, 1, UstRect{2, 2, 20, 12}, MakeDefaultAttr(), MakeDefaultEffect()))));
+        page->PushUndo(UNDO_PAGES_EDITED);
+    }
+    const uint32_t before = shapes[2]->m_attr.fill[0].clrSolid;
+    ASSERT_NE(before, 0xFFFF0000u);
+    Command(CMD_ADD_PAGE_TO_SELECTION, 0);
+    Command(CMD_ADD_PAGE_TO_SELECTION, 1);  // with the current page 3: three pages
+    UstFill red = MakeDefaultAttr().fill[0];
+    red.nType = 0;
+    red.clrSolid = 0xFFFF0000u;
+    const size_t undo = project.UndoLog().UndoCount();
+    ASSERT_EQ(project.ExecCommand(&red, CMD_BODY_PAINT), 1);
+    for (int i : {0, 1, 3})
+        EXPECT_EQ(+shapes[static_cast<size_t>(i)]->m_attr.fill[0].clrSolid, 0xFFFF0000u) << i;
+    EXPECT_EQ(+shapes[2]->m_attr.fill[0].clrSolid, before);
+    EXPECT_EQ(project.UndoLog().UndoCount(), undo + 1);
+    EXPECT_TRUE(project.GetPage(0)->m_bModified);
+    ASSERT_EQ(project.Undo(), 1);
+    for (int i = 0; i < project.PageCount(); ++i) {
+        const auto* shape =
+            static_cast<const CQRDObjectShape*>(project.GetPage(i)->Objects().front().get());
+        EXPECT_EQ(+shape->m_attr.fill[0].clrSolid, before) << i;
+    }
+    // A number outside master mode, or one no object takes, changes nothing.
+    const int32_t width = 150;
+    EXPECT_EQ(project.ExecCommand(&width, 723), 0);
+    EXPECT_EQ(project.ExecCommand(&red, CMD_DELETE), 0);
+    host.state = 2;
+    EXPECT_EQ(project.ExecCommand(&red, CMD_BODY_PAINT), 0);
+    EXPECT_EQ(project.UndoLog().UndoCount(), undo);
 }
 
 }  // namespace
