@@ -335,6 +335,13 @@ KO = {
     "LibreOffice did not finish converting the presentation in time; nothing was imported.":
         "LibreOffice가 제시간에 프레젠테이션 변환을 끝내지 못해 아무것도 가져오지 않았습니다.",
     "The presentation could not be imported: %1": "프레젠테이션을 가져올 수 없습니다: %1",
+    "Ribbon": "리본",
+    "&Help": "도움말(&H)",
+    "&About": "정보(&A)",
+    "Find": "찾기",
+    "Find what:": "찾을 내용:",
+    "Cannot find the string '%1'.": "'%1' 문자열을 찾을 수 없습니다.",
+    "More": "더 보기",
 }
 
 MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)

@@ -120,6 +120,44 @@ QStringList ScalableFamilies(bool everyName) {
 
 }  // namespace
 
+UstGalleryFonts GalleryFontFamilies() {
+    static const QStringList SYMBOL_FONTS = {"Webdings", "Wingdings", "Wingdings 2", "Wingdings 3"};
+    UstGalleryFonts out;
+    if (!FcInit()) return out;
+    QSet<QString> korean, other;
+    FcPattern* pattern = FcPatternCreate();
+    FcPatternAddBool(pattern, FC_SCALABLE, FcTrue);
+    FcObjectSet* objects = FcObjectSetBuild(FC_FAMILY, FC_LANG, nullptr);
+    if (FcFontSet* set = FcFontList(nullptr, pattern, objects)) {
+        for (int i = 0; i < set->nfont; ++i) {
+            const QString family = PatternFamily(set->fonts[i], 0);
+            if (family.isEmpty() || family.startsWith('@')) continue;
+            FcLangSet* langs = nullptr;
+            const bool ko =
+                FcPatternGetLangSet(set->fonts[i], FC_LANG, 0, &langs) == FcResultMatch &&
+                FcLangSetHasLang(langs, reinterpret_cast<const FcChar8*>("ko")) == FcLangEqual;
+            (ko ? korean : other).insert(family);
+        }
+        FcFontSetDestroy(set);
+    }
+    FcObjectSetDestroy(objects);
+    FcPatternDestroy(pattern);
+    const auto sorted = [](const QSet<QString>& names) {
+        QStringList list(names.begin(), names.end());
+        list.sort(Qt::CaseInsensitive);
+        return list;
+    };
+    out.families = sorted(korean);
+    for (const QString& family : sorted(other)) {
+        if (korean.contains(family)) continue;
+        if (SYMBOL_FONTS.contains(family))
+            out.symbolFonts.push_back(family);
+        else
+            out.families.push_back(family);
+    }
+    return out;
+}
+
 QStringList InstalledFontFamilies() {
     return ScalableFamilies(false);
 }

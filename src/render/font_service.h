@@ -32,6 +32,15 @@ std::u16string DefaultGuiFaceName();
 // language puts first.
 QStringList InstalledFontFamilies();
 
+// The font gallery's families in its two passes: those whose faces cover
+// Korean first, then every other, each pass sorted. The symbol fonts of the
+// symbol gallery are never listed, only noted when installed.
+struct UstGalleryFonts {
+    QStringList families;
+    QStringList symbolFonts;  // "Webdings", "Wingdings", "Wingdings 2", "Wingdings 3"
+};
+UstGalleryFonts GalleryFontFamilies();
+
 // Every name an installed family answers to: a Korean face is "UnDotum" and
 // "은 돋움" alike, and which one comes first follows the locale.
 QStringList InstalledFontFamilyNames();

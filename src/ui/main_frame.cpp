@@ -30,6 +30,7 @@
 #include "ui/options_dialog.h"
 #include "ui/pane_dialogs.h"
 #include "ui/play_dlg.h"
+#include "ui/ribbon_bar.h"
 #include "ui/splash_screen.h"
 #include "ui/zevrant_doc.h"
 #include "ui/zevrant_view.h"
@@ -151,9 +152,15 @@ void CMainFrame::CreateCommandBars() {
     CreateBoardMenu();
     CreateInsertMenu();
     CreatePlayMenu();
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About"), this, [this] {
+        QMessageBox::about(this, windowTitle(),
+                           QString::asprintf("%s Ver%.2f", APP_NAME, APP_VERSION));
+    });
     QToolBar* bar = addToolBar(tr("Standard"));
     bar->setObjectName("StandardBar");
     bar->addAction(options);
+    CreateRibbon();
 }
 
 QDockWidget* CMainFrame::CreatePane(int id, const QString& title, QWidget* dialog, QSize created,
@@ -194,6 +201,8 @@ void CMainFrame::SaveInterfaceState() {
     out << static_cast<qint32>(toolbars.size());
     for (const QToolBar* bar : toolbars)
         out << bar->objectName() << bar->isVisible() << static_cast<qint32>(toolBarArea(bar));
+    // The ribbon's own state rides with the command bars of the language.
+    out << (m_pRibbon ? m_pRibbon->SaveState() : QByteArray());
     settings.setValue(LayoutName("CmdBarsMTFX", m_nLanguage), bars);
     settings.setValue(LayoutName("LayoutMTFX", m_nLanguage), saveState(LAYOUT_VERSION));
 }
@@ -217,6 +226,9 @@ void CMainFrame::RestoreInterfaceState() {
         if (where != Qt::NoToolBarArea && where != toolBarArea(bar)) addToolBar(where, bar);
         bar->setVisible(visible);
     }
+    QByteArray ribbon;
+    in >> ribbon;
+    if (in.status() == QDataStream::Ok && m_pRibbon) m_pRibbon->RestoreState(ribbon);
 }
 
 // A style sheet beside the program, when there is one, restyles the editor.

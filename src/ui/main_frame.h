@@ -25,6 +25,8 @@ class QMenu;
 namespace orv {
 
 class CAutoDlg;
+class CRibbonBar;
+struct UstCommand;
 class CGBoard;
 class CPageManager;
 class CPlayCellList;
@@ -165,8 +167,45 @@ public:
     CStyleLibraries& Styles() { return *m_pStyles; }
     CStylesPane* StylesPane() const { return m_pStylesPane; }
 
+    // The ribbon, made from the command table. Every control ends in one of
+    // these: a button's command, a field's typed text, a step, a combo's
+    // item, a slider's value or a gallery's tile.
+    CRibbonBar* Ribbon() const { return m_pRibbon; }
+    bool RunCommand(uint32_t id, int index = -1);
+    void OnRibbonField(uint32_t id, const QString& text);
+    void OnRibbonStep(uint32_t id);
+    void OnRibbonCombo(uint32_t id, int index);
+    void OnRibbonSlider(uint32_t id, int value);
+    // The effect gallery's tile: item i stands for effect i + 2. Nonzero
+    // when a page's effect changed.
+    int OnEffectGallery(int index, Qt::KeyboardModifiers modifiers);
+    // Whether a number of the table has somewhere to go, and whether its
+    // control is usable now.
+    bool HasCommandHandler(uint32_t id) const;
+    bool IsCommandEnabled(uint32_t id) const;
+    // The idle update: enabled states, and the values of the fields the
+    // operator is not typing in.
+    void UpdateRibbon();
+    // The attribute record the ribbon shows and edits: the selected object's
+    // (in the working record), else the frame's default.
+    UstDefaultAttr& GetAttrForSelection();
+    // An attribute command: in master attribute mode the master ids go to
+    // the project, everything else to the current page.
+    int RouteCommand(const void* arg, uint32_t id);
+    // The value a field shows now; false when there is none to show.
+    bool FieldValue(uint32_t id, int32_t* value);
+    // The font gallery's lists, and a chosen face moved to the front of the
+    // recent list.
+    QStringList RecentFonts() const;
+    void RememberFont(const QString& face);
+    void FillFontGallery();
+    void FillSymbolGallery();
+
     int m_nPlayState = 0;
-    bool m_bPageFocus = false;  // the page thumbnails hold the focus
+    bool m_bMasterMode = false;  // 5008
+    int m_nPaintSlot = 0;        // the paint the colour controls edit: fill, edge, outline, shadow
+    int m_nEffectTile = 0;       // the effect panel's picked tile: 0 none, 1 in, 2 out
+    bool m_bPageFocus = false;   // the page thumbnails hold the focus
     // The application's focus changes go on while the window is destroyed,
     // when it is a main window no longer: the watch ends first.
     QMetaObject::Connection m_focusWatch;
@@ -184,6 +223,21 @@ protected:
 private:
     void CreateStatusBar();
     void CreateCommandBars();
+    void CreateRibbon();
+    void AddRibbonHandlers();
+    void AddAttributeHandlers();
+    QAction* RibbonAction(const UstCommand& c);
+    void UpdateRibbonValues();
+    void StoreField(UstDefaultAttr& rec, uint32_t id, int32_t value);
+    void SendField(UstDefaultAttr& rec, uint32_t id, int32_t value);
+    int SendEffectValue(uint32_t id, int32_t value);
+    void ChooseRibbonColor();
+    void ChooseFontFromGallery(const QString& face);
+    void FindText();
+    void SelectAllObjects();
+    void FillStyleGalleries();
+    void FillEffectGallery();
+    void FillPaletteGallery();
     void CreateArrangeMenu();
     void CreateEditMenu();
     void CreatePageMenu();
@@ -266,6 +320,13 @@ private:
     std::unique_ptr<CStyleLibraries> m_pStyles;
     CStylesPane* m_pStylesPane = nullptr;
     QAction* m_pPlayModeAction = nullptr;
+    CRibbonBar* m_pRibbon = nullptr;
+    QTimer m_idle;
+    // The frame's own commands of the table, by number; the argument is the
+    // item of a combo or a gallery.
+    std::map<uint32_t, std::function<void(int)>> m_commands;
+    QStringList m_symbolFonts;
+    bool m_bGungseo = false;
 };
 
 }  // namespace orv

@@ -13,6 +13,7 @@
 #include "ui/auto_dlg.h"
 #include "ui/main_frame.h"
 #include "ui/play_dlg.h"
+#include "ui/ribbon_bar.h"
 #include "ui/zevrant_doc.h"
 #include "ui/zevrant_view.h"
 
@@ -131,8 +132,8 @@ bool CMainFrame::EnterPlayMode() {
         list->SetCursor(m_pAutoDlg->Auto()->Cursor());
     }
     m_pPlayEngine->ResetPlay();
-    SetRibbonEnabled(false);
     m_nPlayState = 1;
+    SetRibbonEnabled(false);
     m_pAutoPane->show();
     for (int id : {PLAY_PANE, TEXT_PANE})
         if (QDockWidget* pane = Pane(id)) pane->show();
@@ -152,8 +153,8 @@ bool CMainFrame::LeavePlayMode() {
     for (int id : {PLAY_PANE, TEXT_PANE})
         if (QDockWidget* pane = Pane(id)) pane->hide();
     if (m_pPlayEngine) m_pPlayEngine->ResetPlay();
-    SetRibbonEnabled(true);
     m_nPlayState = 0;
+    SetRibbonEnabled(true);
     if (CZevrantView* view = ActiveView()) {
         view->Document()->Project().m_pPlayPage = nullptr;
         view->GoToPage(m_pAutoDlg->Auto()->Cursor());
@@ -167,6 +168,9 @@ bool CMainFrame::LeavePlayMode() {
 void CMainFrame::SetRibbonEnabled(bool enabled) {
     for (QAction* menu : menuBar()->actions())
         if (menu->menu() != m_pPlayMenu) menu->setEnabled(enabled);
+    // Only Run stays usable on the ribbon in play mode.
+    if (m_pRibbon && !enabled) m_pRibbon->SetCurrentTab(5005);
+    UpdateRibbon();
 }
 
 void CMainFrame::TogglePlayWindow() {
