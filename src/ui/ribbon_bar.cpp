@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -65,6 +67,8 @@ CRibbonBar::CRibbonBar(uint16_t language, const ActionFn& action, QWidget* paren
       m_pStack(new QStackedWidget(this)),
       m_pCollapse(new QToolButton(this)) {
     setObjectName("Ribbon");
+    // As wide as the window allows; a narrow window scrolls the groups.
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_pTabs->setObjectName("RibbonTabs");
     m_pTabs->setDrawBase(false);
     m_pCollapse->setObjectName("RibbonCollapse");
@@ -105,6 +109,7 @@ QString CRibbonBar::TabLabel(const UstCommandTab& t, uint16_t language) {
     return QString::fromUtf8(language == LANG_KOREAN ? t.szKorean : t.szText);
 }
 
+// A tab narrower than its groups scrolls sideways rather than hiding any.
 QWidget* CRibbonBar::BuildTab(const UstCommandTab& tab) {
     auto* page = new QWidget;
     page->setObjectName(QString("tab%1").arg(tab.nId));
@@ -114,7 +119,14 @@ QWidget* CRibbonBar::BuildTab(const UstCommandTab& tab) {
     for (const UstCommandGroup& group : CommandGroups())
         if (group.nTab == tab.nId) row->addWidget(BuildGroup(group));
     row->addStretch();
-    return page;
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(page);
+    scroll->setFixedHeight(page->sizeHint().height() +
+                           scroll->horizontalScrollBar()->sizeHint().height());
+    return scroll;
 }
 
 // Large buttons stand alone; small controls stack in columns of three;

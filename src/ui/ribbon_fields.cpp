@@ -2,6 +2,9 @@
 // record in force, a typed value is parsed, clamped and written back, and
 // a changed value goes to the objects through RouteCommand. Play settings
 // of pages take their own path.
+#include <cstddef>
+#include <cstring>
+
 #include <QAction>
 #include <QLineEdit>
 #include <QSlider>
@@ -42,59 +45,76 @@ bool ObjectLook(const CQRDObject* o, UstAttr* attr, UstEffect* effect) {
     }
 }
 
-int32_t* EffectField(UstEffect& e, uint32_t id) {
+// Where a field's number stands in the record, in bytes; -1 when the id is
+// none of its fields. Packed records are read and written by copying.
+constexpr int NO_FIELD = -1;
+
+int EffectOffset(uint32_t id) {
     switch (id) {
         case 225:
-            return &e.nEdge;
+            return offsetof(UstEffect, nEdge);
         case 226:
-            return &e.nEdgeSoft;
+            return offsetof(UstEffect, nEdgeSoft);
         case 227:
-            return &e.nOutline;
+            return offsetof(UstEffect, nOutline);
         case 232:
-            return &e.nShadowX;
+            return offsetof(UstEffect, nShadowX);
         case 233:
-            return &e.nShadowY;
+            return offsetof(UstEffect, nShadowY);
         case 234:
-            return &e.nShadowSoft;
+            return offsetof(UstEffect, nShadowSoft);
         default:
-            return nullptr;
+            return NO_FIELD;
     }
 }
 
-int32_t* MetricField(UstDefaultAttr& a, uint32_t id) {
+int AttrOffset(uint32_t id) {
+    if (const int at = EffectOffset(id); at != NO_FIELD)
+        return static_cast<int>(offsetof(UstDefaultAttr, effect)) + at;
+    const int metric = offsetof(UstDefaultAttr, metric);
     switch (id) {
-        case 203:
-            return &a.font.nSize;
-        case 723:
-            return &a.metric.nWidth;
-        case 724:
-            return &a.metric.nSpacing;
-        case 725:
-            return &a.metric.nLeading;
-        case 726:
-            return &a.metric.nShear;
+        case CMD_FONT_SIZE:
+            return offsetof(UstDefaultAttr, font) + offsetof(UstFontBlock, nSize);
+        case CMD_TEXT_WIDTH:
+            return metric + offsetof(UstTextMetric, nWidth);
+        case CMD_TEXT_SPACING:
+            return metric + offsetof(UstTextMetric, nSpacing);
+        case CMD_TEXT_LEADING:
+            return metric + offsetof(UstTextMetric, nLeading);
+        case CMD_TEXT_SHEAR:
+            return metric + offsetof(UstTextMetric, nShear);
         default:
-            return nullptr;
+            return NO_FIELD;
     }
 }
 
-int32_t* PageEffectField(UstPageEffect& e, uint32_t id) {
+int PageEffectOffset(uint32_t id) {
     switch (id) {
         case 760:
-            return &e.nInSpeed;
+            return offsetof(UstPageEffect, nInSpeed);
         case 761:
-            return &e.nOutSpeed;
+            return offsetof(UstPageEffect, nOutSpeed);
         case 762:
-            return &e.nInDelay;
+            return offsetof(UstPageEffect, nInDelay);
         case 763:
-            return &e.nOutDelay;
+            return offsetof(UstPageEffect, nOutDelay);
         case 782:
-            return &e.nRepeat;
+            return offsetof(UstPageEffect, nRepeat);
         case 783:
-            return &e.nScrollDelay;
+            return offsetof(UstPageEffect, nScrollDelay);
         default:
-            return nullptr;
+            return NO_FIELD;
     }
+}
+
+int32_t ReadAt(const void* record, int at) {
+    int32_t v = 0;
+    std::memcpy(&v, static_cast<const char*>(record) + at, sizeof v);
+    return v;
+}
+
+void WriteAt(void* record, int at, int32_t v) {
+    std::memcpy(static_cast<char*>(record) + at, &v, sizeof v);
 }
 
 int ChannelShift(uint32_t id) {
@@ -145,12 +165,8 @@ int CMainFrame::RouteCommand(const void* arg, uint32_t id) {
 
 bool CMainFrame::FieldValue(uint32_t id, int32_t* value) {
     UstDefaultAttr& rec = GetAttrForSelection();
-    if (int32_t* v = EffectField(rec.effect, id)) {
-        *value = *v;
-        return true;
-    }
-    if (int32_t* v = MetricField(rec, id)) {
-        *value = *v;
+    if (const int at = AttrOffset(id); at != NO_FIELD) {
+        *value = ReadAt(&rec, at);
         return true;
     }
     if (const int shift = ChannelShift(id); shift >= 0) {
@@ -166,16 +182,15 @@ bool CMainFrame::FieldValue(uint32_t id, int32_t* value) {
         *value = static_cast<const CQRDObjectPicture*>(sel.front())->m_nAlpha;
         return true;
     }
-    if (int32_t* v = PageEffectField(page->m_effect, id)) {
-        *value = *v;
+    if (const int at = PageEffectOffset(id); at != NO_FIELD) {
+        *value = ReadAt(&page->m_effect, at);
         return true;
     }
     return false;
 }
 
 void CMainFrame::StoreField(UstDefaultAttr& rec, uint32_t id, int32_t value) {
-    if (int32_t* v = EffectField(rec.effect, id)) *v = value;
-    if (int32_t* v = MetricField(rec, id)) *v = value;
+    if (const int at = AttrOffset(id); at != NO_FIELD) WriteAt(&rec, at, value);
     if (const int shift = ChannelShift(id); shift >= 0) {
         UstFill& fill = rec.attr.fill[m_nPaintSlot];
         fill.clrSolid =
@@ -187,14 +202,14 @@ void CMainFrame::StoreField(UstDefaultAttr& rec, uint32_t id, int32_t value) {
 // Attribute fields go through RouteCommand with the record; the font size
 // with nothing selected stays in the default record, which new text takes.
 void CMainFrame::SendField(UstDefaultAttr& rec, uint32_t id, int32_t value) {
-    if (EffectField(rec.effect, id)) {
+    if (EffectOffset(id) != NO_FIELD) {
         RouteCommand(&rec.effect, id);
     } else if (ChannelShift(id) >= 0) {
         RouteCommand(&rec.attr.fill[m_nPaintSlot],
                      CMD_BODY_PAINT + static_cast<uint32_t>(m_nPaintSlot));
     } else if (id == CMD_FONT_SIZE && &rec == &m_DefaultAttr && !m_bMasterMode) {
         return;
-    } else if (MetricField(rec, id) || id == CMD_PICTURE_ALPHA) {
+    } else if (AttrOffset(id) != NO_FIELD || id == CMD_PICTURE_ALPHA) {
         RouteCommand(&value, id);
     } else {
         SendEffectValue(id, value);
@@ -254,11 +269,9 @@ void CMainFrame::OnRibbonSlider(uint32_t id, int value) {
 bool CMainFrame::HasCommandHandler(uint32_t id) const {
     const UstCommand* c = FindCommand(id);
     if (!c) return false;
-    UstDefaultAttr probe{};
-    UstPageEffect effect{};
-    const auto isField = [&](uint32_t f) {
-        return EffectField(probe.effect, f) || MetricField(probe, f) || ChannelShift(f) >= 0 ||
-               PageEffectField(effect, f) || f == CMD_PICTURE_ALPHA;
+    const auto isField = [](uint32_t f) {
+        return AttrOffset(f) != NO_FIELD || ChannelShift(f) >= 0 ||
+               PageEffectOffset(f) != NO_FIELD || f == CMD_PICTURE_ALPHA;
     };
     switch (c->eKind) {
         case ECommandKind::EDIT:
