@@ -71,7 +71,7 @@ TEST_F(RibbonTest, StatesEnableTheEditTabsRunAndPageChanges) {
         {225, true, false, false},   {203, true, false, false},  {40044, true, false, false},
         {204, true, false, false},   {760, true, true, false},   {8107, true, true, false},
         {777, true, true, true},     {1312, true, true, true},   {782, false, false, false},
-        {1500, false, false, false}, {722, false, false, false},
+        {247, false, false, false}, {722, false, false, false},
     };
     for (int state : {0, 1, 2}) {
         frame->m_nPlayState = state;
