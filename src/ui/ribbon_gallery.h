@@ -19,7 +19,7 @@ struct UstGalleryItem {
     QIcon icon;
     QString text;           // the tile's tooltip, or its label when it has no icon
     bool bHeading = false;  // a heading row, not an item
-    QFont font;             // a label drawn in its own face
+    QFont font{};           // a label drawn in its own face
     bool bOwnFont = false;
     uint32_t nData = 0;  // what the tile stands for, kept as Qt::UserRole
 };

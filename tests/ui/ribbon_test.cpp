@@ -11,9 +11,9 @@
 #include <QTabBar>
 
 #include "canvas_fixture.h"
-#include "modal_answers.h"
 #include "objects/shape_object.h"
 #include "project/undo_log.h"
+#include "render/fixed_string.h"
 #include "render/font_service.h"
 #include "shell/command_table.h"
 #include "ui/ribbon_bar.h"
