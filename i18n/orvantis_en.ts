@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
 <context>
+    <name>CQRDObjectTC</name>
+    <message>
+        <source>Sunday</source>
+        <translation>Sunday</translation>
+    </message>
+    <message>
+        <source>Monday</source>
+        <translation>Monday</translation>
+    </message>
+    <message>
+        <source>Tuesday</source>
+        <translation>Tuesday</translation>
+    </message>
+    <message>
+        <source>Wednesday</source>
+        <translation>Wednesday</translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation>Thursday</translation>
+    </message>
+    <message>
+        <source>Friday</source>
+        <translation>Friday</translation>
+    </message>
+    <message>
+        <source>Saturday</source>
+        <translation>Saturday</translation>
+    </message>
+</context>
+<context>
     <name>orv::CAutoDlg</name>
     <message>
         <source>Play Out</source>
@@ -10,6 +41,33 @@
     <message>
         <source>Logo</source>
         <translation>Logo</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgBlink</name>
+    <message>
+        <source>Blink properties</source>
+        <translation>Blink properties</translation>
+    </message>
+    <message>
+        <source>개체유무</source>
+        <translation>개체유무</translation>
+    </message>
+    <message>
+        <source>색으로</source>
+        <translation>색으로</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>Mode:</translation>
+    </message>
+    <message>
+        <source>Colour:</source>
+        <translation>Colour:</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>Speed:</translation>
     </message>
 </context>
 <context>
@@ -269,6 +327,123 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgPropTC</name>
+    <message>
+        <source>Timer/Counter Properties</source>
+        <translation>Timer/Counter Properties</translation>
+    </message>
+    <message>
+        <source>Timer/Counter</source>
+        <translation>Timer/Counter</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Clock</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>Format:</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>Start:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>End:</translation>
+    </message>
+    <message>
+        <source>24 hours</source>
+        <translation>24 hours</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>Preview:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgRetrText</name>
+    <message>
+        <source>Import Text File</source>
+        <translation>Import Text File</translation>
+    </message>
+    <message>
+        <source>Left margin:</source>
+        <translation>Left margin:</translation>
+    </message>
+    <message>
+        <source>Right margin:</source>
+        <translation>Right margin:</translation>
+    </message>
+    <message>
+        <source>Lines Per Page:</source>
+        <translation>Lines Per Page:</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Open...</translation>
+    </message>
+    <message>
+        <source>Append Pages</source>
+        <translation>Append Pages</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insert</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Text File (*.txt)</source>
+        <translation>Text File (*.txt)</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgTyping</name>
+    <message>
+        <source>Typing properties</source>
+        <translation>Typing properties</translation>
+    </message>
+    <message>
+        <source>수동</source>
+        <translation>수동</translation>
+    </message>
+    <message>
+        <source>자동</source>
+        <translation>자동</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>Mode:</translation>
+    </message>
+    <message>
+        <source>자간단위</source>
+        <translation>자간단위</translation>
+    </message>
+    <message>
+        <source>라인단위</source>
+        <translation>라인단위</translation>
+    </message>
+    <message>
+        <source>Order:</source>
+        <translation>Order:</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>지연:</source>
+        <translation>지연:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CMainFrame</name>
     <message>
         <source>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</source>
@@ -421,30 +596,6 @@ Timer/Counter Properties...</translation>
         <translation>Set Timers</translation>
     </message>
     <message>
-        <source>Timers</source>
-        <translation>Timers</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Resume</source>
-        <translation>Resume</translation>
-    </message>
-    <message>
-        <source>Restart</source>
-        <translation>Restart</translation>
-    </message>
-    <message>
-        <source>Set...</source>
-        <translation>Set...</translation>
-    </message>
-    <message>
-        <source>Set Timers</source>
-        <translation>Set Timers</translation>
-    </message>
-    <message>
         <source>Animation properties
 Animation Properties...</source>
         <translation>Animation properties
@@ -531,16 +682,8 @@ Ungroup</translation>
         <translation>E&amp;xit</translation>
     </message>
     <message>
-        <source>&amp;Tools</source>
-        <translation>&amp;Tools</translation>
-    </message>
-    <message>
         <source>&amp;Options...</source>
         <translation>&amp;Options...</translation>
-    </message>
-    <message>
-        <source>Standard</source>
-        <translation>Standard</translation>
     </message>
     <message>
         <source>Slide</source>
@@ -1092,6 +1235,62 @@ Import Slides...</translation>
         <source>Inserting %1 of %2...</source>
         <translation>Inserting %1 of %2...</translation>
     </message>
+    <message>
+        <source>&amp;Live</source>
+        <translation>&amp;Live</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>Blink</translation>
+    </message>
+    <message>
+        <source>No blink</source>
+        <translation>No blink</translation>
+    </message>
+    <message>
+        <source>Blink properties</source>
+        <translation>Blink properties</translation>
+    </message>
+    <message>
+        <source>Typing</source>
+        <translation>Typing</translation>
+    </message>
+    <message>
+        <source>No typing</source>
+        <translation>No typing</translation>
+    </message>
+    <message>
+        <source>Typing properties</source>
+        <translation>Typing properties</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;About</translation>
+    </message>
+    <message>
+        <source>Quick Access</source>
+        <translation>Quick Access</translation>
+    </message>
+    <message>
+        <source>Ribbon</source>
+        <translation>Ribbon</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Find</translation>
+    </message>
+    <message>
+        <source>Find what:</source>
+        <translation>Find what:</translation>
+    </message>
+    <message>
+        <source>Cannot find the string &apos;%1&apos;.</source>
+        <translation>Cannot find the string '%1'.</translation>
+    </message>
 </context>
 <context>
     <name>orv::CPlayDlg</name>
@@ -1242,6 +1441,13 @@ Import Slides...</translation>
     <message>
         <source>Page %1</source>
         <translation>Page %1</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CRibbonGallery</name>
+    <message>
+        <source>More</source>
+        <translation>More</translation>
     </message>
 </context>
 <context>
@@ -1415,123 +1621,6 @@ Import Slides...</translation>
     <message>
         <source> is saved.</source>
         <translation> is saved.</translation>
-    </message>
-</context>
-<context>
-    <name>CQRDObjectTC</name>
-    <message>
-        <source>Sunday</source>
-        <translation>Sunday</translation>
-    </message>
-    <message>
-        <source>Monday</source>
-        <translation>Monday</translation>
-    </message>
-    <message>
-        <source>Tuesday</source>
-        <translation>Tuesday</translation>
-    </message>
-    <message>
-        <source>Wednesday</source>
-        <translation>Wednesday</translation>
-    </message>
-    <message>
-        <source>Thursday</source>
-        <translation>Thursday</translation>
-    </message>
-    <message>
-        <source>Friday</source>
-        <translation>Friday</translation>
-    </message>
-    <message>
-        <source>Saturday</source>
-        <translation>Saturday</translation>
-    </message>
-    <message>
-        <source>AM</source>
-        <translation>AM</translation>
-    </message>
-    <message>
-        <source>PM</source>
-        <translation>PM</translation>
-    </message>
-</context>
-<context>
-    <name>orv::CDlgPropTC</name>
-    <message>
-        <source>Timer/Counter Properties</source>
-        <translation>Timer/Counter Properties</translation>
-    </message>
-    <message>
-        <source>Timer/Counter</source>
-        <translation>Timer/Counter</translation>
-    </message>
-    <message>
-        <source>Clock</source>
-        <translation>Clock</translation>
-    </message>
-    <message>
-        <source>Format:</source>
-        <translation>Format:</translation>
-    </message>
-    <message>
-        <source>Start:</source>
-        <translation>Start:</translation>
-    </message>
-    <message>
-        <source>End:</source>
-        <translation>End:</translation>
-    </message>
-    <message>
-        <source>24 hours</source>
-        <translation>24 hours</translation>
-    </message>
-    <message>
-        <source>Preview:</source>
-        <translation>Preview:</translation>
-    </message>
-</context>
-<context>
-    <name>orv::CDlgRetrText</name>
-    <message>
-        <source>Import Text File</source>
-        <translation>Import Text File</translation>
-    </message>
-    <message>
-        <source>Left margin:</source>
-        <translation>Left margin:</translation>
-    </message>
-    <message>
-        <source>Right margin:</source>
-        <translation>Right margin:</translation>
-    </message>
-    <message>
-        <source>Lines Per Page:</source>
-        <translation>Lines Per Page:</translation>
-    </message>
-    <message>
-        <source>Open...</source>
-        <translation>Open...</translation>
-    </message>
-    <message>
-        <source>Append Pages</source>
-        <translation>Append Pages</translation>
-    </message>
-    <message>
-        <source>Insert</source>
-        <translation>Insert</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancel</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>Open</translation>
-    </message>
-    <message>
-        <source>Text File (*.txt)</source>
-        <translation>Text File (*.txt)</translation>
     </message>
 </context>
 </TS>

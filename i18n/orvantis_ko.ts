@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR">
 <context>
+    <name>CQRDObjectTC</name>
+    <message>
+        <source>Sunday</source>
+        <translation>일요일</translation>
+    </message>
+    <message>
+        <source>Monday</source>
+        <translation>월요일</translation>
+    </message>
+    <message>
+        <source>Tuesday</source>
+        <translation>화요일</translation>
+    </message>
+    <message>
+        <source>Wednesday</source>
+        <translation>수요일</translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation>목요일</translation>
+    </message>
+    <message>
+        <source>Friday</source>
+        <translation>금요일</translation>
+    </message>
+    <message>
+        <source>Saturday</source>
+        <translation>토요일</translation>
+    </message>
+</context>
+<context>
     <name>orv::CAutoDlg</name>
     <message>
         <source>Play Out</source>
@@ -10,6 +41,33 @@
     <message>
         <source>Logo</source>
         <translation>로고</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgBlink</name>
+    <message>
+        <source>Blink properties</source>
+        <translation>깜박임 속성</translation>
+    </message>
+    <message>
+        <source>개체유무</source>
+        <translation>개체유무</translation>
+    </message>
+    <message>
+        <source>색으로</source>
+        <translation>색으로</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>모드:</translation>
+    </message>
+    <message>
+        <source>Colour:</source>
+        <translation>색:</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>속도:</translation>
     </message>
 </context>
 <context>
@@ -269,6 +327,123 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgPropTC</name>
+    <message>
+        <source>Timer/Counter Properties</source>
+        <translation>타이머/카운터 속성</translation>
+    </message>
+    <message>
+        <source>Timer/Counter</source>
+        <translation>타이머/카운터</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>시계</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>형식:</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>시작:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>끝:</translation>
+    </message>
+    <message>
+        <source>24 hours</source>
+        <translation>24시간</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>미리 보기:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgRetrText</name>
+    <message>
+        <source>Import Text File</source>
+        <translation>텍스트 파일 가져오기</translation>
+    </message>
+    <message>
+        <source>Left margin:</source>
+        <translation>왼쪽 여백:</translation>
+    </message>
+    <message>
+        <source>Right margin:</source>
+        <translation>오른쪽 여백:</translation>
+    </message>
+    <message>
+        <source>Lines Per Page:</source>
+        <translation>페이지당 줄 수:</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>열기...</translation>
+    </message>
+    <message>
+        <source>Append Pages</source>
+        <translation>맨 뒤에 페이지 추가</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>삽입</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
+    </message>
+    <message>
+        <source>Text File (*.txt)</source>
+        <translation>텍스트 파일 (*.txt)</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgTyping</name>
+    <message>
+        <source>Typing properties</source>
+        <translation>타이핑 속성</translation>
+    </message>
+    <message>
+        <source>수동</source>
+        <translation>수동</translation>
+    </message>
+    <message>
+        <source>자동</source>
+        <translation>자동</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>모드:</translation>
+    </message>
+    <message>
+        <source>자간단위</source>
+        <translation>자간단위</translation>
+    </message>
+    <message>
+        <source>라인단위</source>
+        <translation>라인단위</translation>
+    </message>
+    <message>
+        <source>Order:</source>
+        <translation>순서:</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>지연:</source>
+        <translation>지연:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CMainFrame</name>
     <message>
         <source>Animations and picture sequences (*.ani32 *.ANI32 *.qrdani *.QRDANI *.avi *.mov *.mp4 *.mkv *.webm *.mxf *.tga *.png);;ANI32 (*.ani32 *.ANI32);;QRDANI (*.qrdani *.QRDANI);;Video (*.avi *.mov *.mp4 *.mkv *.webm *.mxf);;Picture sequence (*.tga *.png)</source>
@@ -507,16 +682,8 @@ Ungroup</source>
         <translation>끝내기(&amp;X)</translation>
     </message>
     <message>
-        <source>&amp;Tools</source>
-        <translation>도구(&amp;T)</translation>
-    </message>
-    <message>
         <source>&amp;Options...</source>
         <translation>옵션(&amp;O)...</translation>
-    </message>
-    <message>
-        <source>Standard</source>
-        <translation>표준</translation>
     </message>
     <message>
         <source>Slide</source>
@@ -1068,6 +1235,62 @@ Import Slides...</source>
         <source>Inserting %1 of %2...</source>
         <translation>%2개 중 %1번째 삽입 중...</translation>
     </message>
+    <message>
+        <source>&amp;Live</source>
+        <translation>라이브(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>깜박임</translation>
+    </message>
+    <message>
+        <source>No blink</source>
+        <translation>깜박임 없음</translation>
+    </message>
+    <message>
+        <source>Blink properties</source>
+        <translation>깜박임 속성</translation>
+    </message>
+    <message>
+        <source>Typing</source>
+        <translation>타이핑</translation>
+    </message>
+    <message>
+        <source>No typing</source>
+        <translation>타이핑 없음</translation>
+    </message>
+    <message>
+        <source>Typing properties</source>
+        <translation>타이핑 속성</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>도움말(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>정보(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Quick Access</source>
+        <translation>빠른 실행</translation>
+    </message>
+    <message>
+        <source>Ribbon</source>
+        <translation>리본</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>찾기</translation>
+    </message>
+    <message>
+        <source>Find what:</source>
+        <translation>찾을 내용:</translation>
+    </message>
+    <message>
+        <source>Cannot find the string &apos;%1&apos;.</source>
+        <translation>'%1' 문자열을 찾을 수 없습니다.</translation>
+    </message>
 </context>
 <context>
     <name>orv::CPlayDlg</name>
@@ -1218,6 +1441,13 @@ Import Slides...</source>
     <message>
         <source>Page %1</source>
         <translation>%1 페이지</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CRibbonGallery</name>
+    <message>
+        <source>More</source>
+        <translation>더 보기</translation>
     </message>
 </context>
 <context>
@@ -1391,123 +1621,6 @@ Import Slides...</source>
     <message>
         <source> is saved.</source>
         <translation> 파일이 저장되었습니다.</translation>
-    </message>
-</context>
-<context>
-    <name>CQRDObjectTC</name>
-    <message>
-        <source>Sunday</source>
-        <translation>일요일</translation>
-    </message>
-    <message>
-        <source>Monday</source>
-        <translation>월요일</translation>
-    </message>
-    <message>
-        <source>Tuesday</source>
-        <translation>화요일</translation>
-    </message>
-    <message>
-        <source>Wednesday</source>
-        <translation>수요일</translation>
-    </message>
-    <message>
-        <source>Thursday</source>
-        <translation>목요일</translation>
-    </message>
-    <message>
-        <source>Friday</source>
-        <translation>금요일</translation>
-    </message>
-    <message>
-        <source>Saturday</source>
-        <translation>토요일</translation>
-    </message>
-    <message>
-        <source>AM</source>
-        <translation>오전</translation>
-    </message>
-    <message>
-        <source>PM</source>
-        <translation>오후</translation>
-    </message>
-</context>
-<context>
-    <name>orv::CDlgPropTC</name>
-    <message>
-        <source>Timer/Counter Properties</source>
-        <translation>타이머/카운터 속성</translation>
-    </message>
-    <message>
-        <source>Timer/Counter</source>
-        <translation>타이머/카운터</translation>
-    </message>
-    <message>
-        <source>Clock</source>
-        <translation>시계</translation>
-    </message>
-    <message>
-        <source>Format:</source>
-        <translation>형식:</translation>
-    </message>
-    <message>
-        <source>Start:</source>
-        <translation>시작:</translation>
-    </message>
-    <message>
-        <source>End:</source>
-        <translation>끝:</translation>
-    </message>
-    <message>
-        <source>24 hours</source>
-        <translation>24시간</translation>
-    </message>
-    <message>
-        <source>Preview:</source>
-        <translation>미리 보기:</translation>
-    </message>
-</context>
-<context>
-    <name>orv::CDlgRetrText</name>
-    <message>
-        <source>Import Text File</source>
-        <translation>텍스트 파일 가져오기</translation>
-    </message>
-    <message>
-        <source>Left margin:</source>
-        <translation>왼쪽 여백:</translation>
-    </message>
-    <message>
-        <source>Right margin:</source>
-        <translation>오른쪽 여백:</translation>
-    </message>
-    <message>
-        <source>Lines Per Page:</source>
-        <translation>페이지당 줄 수:</translation>
-    </message>
-    <message>
-        <source>Open...</source>
-        <translation>열기...</translation>
-    </message>
-    <message>
-        <source>Append Pages</source>
-        <translation>맨 뒤에 페이지 추가</translation>
-    </message>
-    <message>
-        <source>Insert</source>
-        <translation>삽입</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>취소</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>열기</translation>
-    </message>
-    <message>
-        <source>Text File (*.txt)</source>
-        <translation>텍스트 파일 (*.txt)</translation>
     </message>
 </context>
 </TS>

@@ -342,9 +342,33 @@ KO = {
     "Find what:": "찾을 내용:",
     "Cannot find the string '%1'.": "'%1' 문자열을 찾을 수 없습니다.",
     "More": "더 보기",
+    "Quick Access": "빠른 실행",
+    "&Live": "라이브(&L)",
+    "Blink": "깜박임",
+    "No blink": "깜박임 없음",
+    "Blink properties": "깜박임 속성",
+    "Typing": "타이핑",
+    "No typing": "타이핑 없음",
+    "Typing properties": "타이핑 속성",
+    "Mode:": "모드:",
+    "Colour:": "색:",
+    "Speed:": "속도:",
+    "Order:": "순서:",
+    "%1 ms": "%1 ms",
+    # Texts written in Korean in the code stand as they are.
+    "개체유무": "개체유무",
+    "색으로": "색으로",
+    "수동": "수동",
+    "자동": "자동",
+    "자간단위": "자간단위",
+    "라인단위": "라인단위",
+    "지연:": "지연:",
 }
 
-MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>.*?</translation>", re.S)
+# Contexts named in the code by a literal rather than by a class in orv.
+LITERAL_CONTEXTS = ("CQRDObjectTC",)
+
+MESSAGE = re.compile(r"(<source>)(.*?)(</source>\s*)<translation[^>]*>(.*?)</translation>", re.S)
 
 
 def fill(path, table):
@@ -355,15 +379,21 @@ def fill(path, table):
         source = html.unescape(m.group(2))
         target = source if table is None else table.get(source)
         if target is None:
-            missing.append(source)
-            return m.group(0)
+            # A translation made earlier is kept, and no longer left unfinished.
+            if m.group(4):
+                target = html.unescape(m.group(4))
+            else:
+                missing.append(source)
+                return m.group(0)
         return m.group(1) + m.group(2) + m.group(3) + \
             "<translation>" + html.escape(target, quote=False) + "</translation>"
 
     text = MESSAGE.sub(repl, text)
     # The classes live in namespace orv, which is part of their translation
     # context at run time; lupdate leaves it out.
-    text = re.sub(r"<name>(?!orv::)(C\w+)</name>", r"<name>orv::\1</name>", text)
+    text = re.sub(r"<name>(?!orv::)(C\w+)</name>",
+                  lambda m: m.group(0) if m.group(1) in LITERAL_CONTEXTS
+                  else "<name>orv::" + m.group(1) + "</name>", text)
     open(path, "w", encoding="utf-8").write(text)
     return missing
 

@@ -97,14 +97,23 @@ QString CounterValue(int format, int seconds, int minutes, int hours) {
 }  // namespace
 
 UstClockNames InterfaceClockNames() {
+    // The context is named out, so that the translation tools file the
+    // names under it rather than under the namespace.
+    static constexpr const char* WEEKDAYS[] = {QT_TRANSLATE_NOOP("CQRDObjectTC", "Sunday"),
+                                               QT_TRANSLATE_NOOP("CQRDObjectTC", "Monday"),
+                                               QT_TRANSLATE_NOOP("CQRDObjectTC", "Tuesday"),
+                                               QT_TRANSLATE_NOOP("CQRDObjectTC", "Wednesday"),
+                                               QT_TRANSLATE_NOOP("CQRDObjectTC", "Thursday"),
+                                               QT_TRANSLATE_NOOP("CQRDObjectTC", "Friday"),
+                                               QT_TRANSLATE_NOOP("CQRDObjectTC", "Saturday")};
     const auto tr = [](const char* text) {
         return QCoreApplication::translate("CQRDObjectTC", text);
     };
     UstClockNames names;
-    names.weekday = {tr("Sunday"),   tr("Monday"), tr("Tuesday"), tr("Wednesday"),
-                     tr("Thursday"), tr("Friday"), tr("Saturday")};
-    names.am = tr("AM");
-    names.pm = tr("PM");
+    for (size_t i = 0; i < names.weekday.size(); ++i)
+        names.weekday[i] = tr(WEEKDAYS[i]);
+    names.am = tr(QT_TRANSLATE_NOOP("CQRDObjectTC", "AM"));
+    names.pm = tr(QT_TRANSLATE_NOOP("CQRDObjectTC", "PM"));
     return names;
 }
 

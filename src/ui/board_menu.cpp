@@ -24,7 +24,7 @@ constexpr int MODE_PANE = 2;
 }  // namespace
 
 void CMainFrame::CreateBoardMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("O&utput"));
+    QMenu* menu = CommandMenu(tr("O&utput"));
     const auto add = [&](const QString& text, const char* name, auto slot) {
         const QStringList parts = text.split('\n');
         QAction* action = menu->addAction(parts.value(1), this, slot);

@@ -1,4 +1,5 @@
 // The canvas's mouse, key and wheel handling in select mode.
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -384,6 +385,11 @@ void CZevrantView::wheelEvent(QWheelEvent* event) {
     if (steps == 0 || m_nPageKind == 0) return;
     QScrollBar* bar = m_nPageKind == 1 ? m_wndVScroll : m_wndHScroll;
     bar->setValue(bar->value() - steps * bar->singleStep());
+    event->accept();
+}
+
+void CZevrantView::contextMenuEvent(QContextMenuEvent* event) {
+    m_pFrame->ShowCanvasMenu(event->globalPos());
     event->accept();
 }
 

@@ -18,7 +18,7 @@
 namespace orv {
 
 void CMainFrame::CreateEditMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    QMenu* menu = CommandMenu(tr("&Edit"));
     struct UstCommand {
         uint32_t nId;
         const char* text;

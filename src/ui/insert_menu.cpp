@@ -25,7 +25,7 @@ QString CMainFrame::PictureFileFilter() {
 }
 
 void CMainFrame::CreateInsertMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Insert"));
+    QMenu* menu = CommandMenu(tr("&Insert"));
     auto add = [&](const QString& text, uint32_t id, auto slot) {
         const QStringList parts = text.split('\n');
         QAction* action = menu->addAction(parts.value(1), this, slot);

@@ -11,7 +11,7 @@
 namespace orv {
 
 void CMainFrame::CreateLiveMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Live"));
+    QMenu* menu = CommandMenu(tr("&Live"));
     menu->addAction(tr("Blink"), this, [this] { SetLiveFlag(CMD_BLINK, true); });
     menu->addAction(tr("No blink"), this, [this] { SetLiveFlag(CMD_BLINK, false); });
     menu->addAction(tr("Blink properties"), this, [this] { ChooseBlinkProperties(); });

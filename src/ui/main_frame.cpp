@@ -23,6 +23,7 @@
 #include "render/image_file.h"
 #include "render/text_measure.h"
 #include "shell/app_object.h"
+#include "shell/command_table.h"
 #include "shell/frame_rules.h"
 #include "shell/settings_files.h"
 #include "ui/auto_dlg.h"
@@ -128,22 +129,11 @@ void CMainFrame::CreateStatusBar() {
     }
 }
 
+// The ribbon carries the commands; the menu bar keeps only File and Help.
+// The editor's other commands live in menus that the canvas opens on a
+// right click, and their keys work from anywhere in the window.
 void CMainFrame::CreateCommandBars() {
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    AddProjectFileActions(file);
-    file->addSeparator();
-    QAction* exportTga =
-        file->addAction(tr("Export page to Image (TGA 32)"), this, &CMainFrame::ExportPageToTga);
-    exportTga->setStatusTip(tr("Save to TGA 32bit image."));
-    exportTga->setObjectName("cmd40016");
-    file->addSeparator();
-    QAction* exit = file->addAction(tr("E&xit"), this, &QWidget::close);
-    exit->setShortcut(QKeySequence::Quit);
     CreateEditMenu();
-    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
-    QAction* options = tools->addAction(tr("&Options..."), this, &CMainFrame::ShowOptions);
-    options->setData(CMD_OPTIONS);
-    options->setObjectName("cmd40082");
     CreateArrangeMenu();
     CreatePageMenu();
     CreateTextMenu();
@@ -152,15 +142,88 @@ void CMainFrame::CreateCommandBars() {
     CreateBoardMenu();
     CreateInsertMenu();
     CreatePlayMenu();
+    for (QMenu* menu : m_commandMenus)
+        AddShortcutsOf(menu);
+    CreateFileMenu();
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About"), this, [this] {
         QMessageBox::about(this, windowTitle(),
                            QString::asprintf("%s Ver%.2f", APP_NAME, APP_VERSION));
     });
-    QToolBar* bar = addToolBar(tr("Standard"));
-    bar->setObjectName("StandardBar");
-    bar->addAction(options);
     CreateRibbon();
+    CreateQuickAccessBar();
+}
+
+void CMainFrame::CreateFileMenu() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->setObjectName("FileMenu");
+    AddProjectFileActions(file);
+    file->addSeparator();
+    for (const char* name : {"cmd806", "cmd807"})
+        if (QAction* import = findChild<QAction*>(name)) file->addAction(import);
+    QAction* exportTga =
+        file->addAction(tr("Export page to Image (TGA 32)"), this, &CMainFrame::ExportPageToTga);
+    exportTga->setStatusTip(tr("Save to TGA 32bit image."));
+    exportTga->setObjectName("cmd40016");
+    file->addSeparator();
+    QAction* options = file->addAction(tr("&Options..."), this, &CMainFrame::ShowOptions);
+    options->setData(CMD_OPTIONS);
+    options->setObjectName("cmd40082");
+    file->addSeparator();
+    QAction* exit = file->addAction(tr("E&xit"), this, &QWidget::close);
+    exit->setShortcut(QKeySequence::Quit);
+}
+
+// Save, Undo and Redo above the ribbon, where every tab can reach them.
+void CMainFrame::CreateQuickAccessBar() {
+    auto* bar = new QToolBar(tr("Quick Access"), this);
+    bar->setObjectName("QuickAccessBar");
+    bar->setMovable(false);
+    bar->setIconSize(QSize(16, 16));
+    bar->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    const std::pair<const char*, const char*> items[] = {
+        {"cmd57603", "document-save"}, {"cmd57643", "edit-undo"}, {"cmd57644", "edit-redo"}};
+    for (const auto& [name, icon] : items)
+        if (QAction* action = findChild<QAction*>(name)) {
+            if (action->icon().isNull()) action->setIcon(QIcon::fromTheme(icon));
+            bar->addAction(action);
+        }
+    m_pRibbon->SetQuickAccess(bar);
+}
+
+QMenu* CMainFrame::CommandMenu(const QString& title) {
+    auto* menu = new QMenu(title, this);
+    m_commandMenus.push_back(menu);
+    return menu;
+}
+
+// A menu that is never shown in the bar still lends its keys to the window.
+void CMainFrame::AddShortcutsOf(QMenu* menu) {
+    for (QAction* action : menu->actions()) {
+        if (action->menu())
+            AddShortcutsOf(action->menu());
+        else if (!action->shortcut().isEmpty())
+            addAction(action);
+    }
+}
+
+// Their keys reach the actions without the menu, so the actions themselves
+// go off; those on the ribbon follow its own update instead.
+void CMainFrame::SetMenuEnabled(QMenu* menu, bool enabled) {
+    menu->setEnabled(enabled);
+    for (QAction* action : menu->actions()) {
+        if (action->menu())
+            SetMenuEnabled(action->menu(), enabled);
+        else if (!FindCommand(action->objectName().mid(3).toUInt()))
+            action->setEnabled(enabled);
+    }
+}
+
+void CMainFrame::ShowCanvasMenu(const QPoint& global) {
+    QMenu menu(this);
+    for (QMenu* sub : m_commandMenus)
+        if (sub->isEnabled() || sub == m_pPlayMenu) menu.addMenu(sub);
+    menu.exec(global);
 }
 
 QDockWidget* CMainFrame::CreatePane(int id, const QString& title, QWidget* dialog, QSize created,
@@ -262,7 +325,7 @@ void CMainFrame::CreateArrangeMenu() {
         {509, QT_TR_NOOP("Align to top\nAlign to top")},
         {510, QT_TR_NOOP("Align to bottom\nAlign to bottom")},
     };
-    QMenu* menu = menuBar()->addMenu(tr("&Arrange"));
+    QMenu* menu = CommandMenu(tr("&Arrange"));
     for (const UstCommand& c : COMMANDS) {
         if (!c.text) {
             menu->addSeparator();
@@ -278,7 +341,7 @@ void CMainFrame::CreateArrangeMenu() {
 }
 
 void CMainFrame::CreatePageMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Page"));
+    QMenu* menu = CommandMenu(tr("&Page"));
     const QString names[] = {tr("Cut"), tr("Roll"), tr("Crawl")};
     for (uint32_t type = 0; type < 3; ++type) {
         QAction* action =
@@ -320,7 +383,7 @@ void CMainFrame::AddPageActions(QMenu* menu) {
 // Until the ribbon exists: the canvas modes, splitting and the font of the
 // selected texts.
 void CMainFrame::CreateTextMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Text"));
+    QMenu* menu = CommandMenu(tr("&Text"));
     auto add = [&](const QString& text, const char* name, auto slot) {
         const QStringList parts = text.split('\n');
         QAction* action = menu->addAction(parts.value(1), this, slot);

@@ -97,6 +97,8 @@ public:
     void EraseOutput();
     // "Play Window" (780): the two list panes of play mode.
     void TogglePlayWindow();
+    // The editor's commands beyond the ribbon, at a right click on the canvas.
+    void ShowCanvasMenu(const QPoint& global);
     // A play key of edit mode, as the canvas passes it on.
     void PlayKey(int vk);
     // The board's format and the active page's agree: a 486 or 576-line mode
@@ -240,6 +242,11 @@ private:
     void FillPaletteGallery();
     void CreateArrangeMenu();
     void CreateEditMenu();
+    void CreateFileMenu();
+    void CreateQuickAccessBar();
+    QMenu* CommandMenu(const QString& title);
+    void AddShortcutsOf(QMenu* menu);
+    void SetMenuEnabled(QMenu* menu, bool enabled);
     void CreatePageMenu();
     void CreateTextMenu();
     void CreateShapeMenu();
@@ -317,6 +324,7 @@ private:
     CAutoDlg* m_pAutoDlg = nullptr;
     QDockWidget* m_pAutoPane = nullptr;
     QMenu* m_pPlayMenu = nullptr;
+    std::vector<QMenu*> m_commandMenus;  // shown by the canvas, not the menu bar
     std::unique_ptr<CStyleLibraries> m_pStyles;
     CStylesPane* m_pStylesPane = nullptr;
     QAction* m_pPlayModeAction = nullptr;

@@ -41,7 +41,7 @@ bool LeftTheAir(CZevrantView* view, int index) {
 }  // namespace
 
 void CMainFrame::CreatePlayMenu() {
-    m_pPlayMenu = menuBar()->addMenu(tr("&Play"));
+    m_pPlayMenu = CommandMenu(tr("&Play"));
     const auto add = [&](const QString& text, const char* name, auto slot) {
         const QStringList parts = text.split('\n');
         QAction* action = m_pPlayMenu->addAction(parts.value(1), this, slot);
@@ -166,8 +166,9 @@ bool CMainFrame::LeavePlayMode() {
 // Editing commands stay out of play mode; the play menu and the file
 // menu's way out stay in.
 void CMainFrame::SetRibbonEnabled(bool enabled) {
-    for (QAction* menu : menuBar()->actions())
-        if (menu->menu() != m_pPlayMenu) menu->setEnabled(enabled);
+    for (QMenu* menu : m_commandMenus)
+        if (menu != m_pPlayMenu) SetMenuEnabled(menu, enabled);
+    if (QMenu* file = findChild<QMenu*>("FileMenu")) file->setEnabled(enabled);
     // Only Run stays usable on the ribbon in play mode.
     if (m_pRibbon && !enabled) m_pRibbon->SetCurrentTab(5005);
     UpdateRibbon();

@@ -18,6 +18,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "project/settings_records.h"
 #include "ui/ribbon_gallery.h"
 
@@ -27,7 +29,7 @@ namespace {
 
 constexpr int SMALL_ROWS = 3;  // small controls stacked in one column
 constexpr int LARGE_ICON = 32, SMALL_ICON = 16;
-constexpr int FIELD_WIDTH = 46;
+constexpr int FIELD_WIDTH = 40;
 constexpr int STATE_VERSION = 1;
 
 using K = ECommandKind;
@@ -52,6 +54,15 @@ const UstGalleryShape& ShapeOf(uint32_t id) {
     return STYLE_SHAPE;
 }
 
+// The few commands an operator looks for first stand large; the rest stack
+// three to a column so that a tab fits a common screen.
+constexpr uint32_t LARGE_BUTTONS[] = {57637, 207, 244, 777, 1312, 40051, 40050, 720};
+
+bool IsLarge(const UstCommand& c) {
+    return c.eKind != K::STEP && std::find(std::begin(LARGE_BUTTONS), std::end(LARGE_BUTTONS),
+                                           c.nId) != std::end(LARGE_BUTTONS);
+}
+
 bool IsCompanion(const UstCommand& c) {
     if (c.eKind == K::STEP || c.eKind == K::SLIDER || c.eKind == K::ITEM) return true;
     return c.eKind == K::GALLERY && ShapeOf(c.nId).nRowWidth == 0;
@@ -74,6 +85,8 @@ CRibbonBar::CRibbonBar(uint16_t language, const ActionFn& action, QWidget* paren
     m_pCollapse->setObjectName("RibbonCollapse");
     m_pCollapse->setCheckable(true);
     m_pCollapse->setArrowType(Qt::UpArrow);
+    // Ctrl+F1 folds a ribbon away wherever ribbons are found.
+    m_pCollapse->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F1));
     m_pCollapse->setToolTip(language == LANG_KOREAN ? QString::fromUtf8("리본 최소화")
                                                     : QString("Minimize the Ribbon"));
     for (const UstCommandTab& tab : CommandTabs()) {
@@ -82,6 +95,7 @@ CRibbonBar::CRibbonBar(uint16_t language, const ActionFn& action, QWidget* paren
         m_pStack->addWidget(BuildTab(tab));
     }
     auto* head = new QHBoxLayout;
+    m_pHead = head;
     head->setContentsMargins(0, 0, 0, 0);
     head->addWidget(m_pTabs);
     head->addStretch();
@@ -97,6 +111,11 @@ CRibbonBar::CRibbonBar(uint16_t language, const ActionFn& action, QWidget* paren
     });
     connect(m_pTabs, &QTabBar::tabBarDoubleClicked, this, [this] { SetCollapsed(!m_bCollapsed); });
     connect(m_pCollapse, &QToolButton::toggled, this, [this](bool on) { SetCollapsed(on); });
+}
+
+void CRibbonBar::SetQuickAccess(QWidget* bar) {
+    m_pHead->insertWidget(0, bar);
+    m_pHead->insertSpacing(1, 8);
 }
 
 QString CRibbonBar::Label(const UstCommand& c, int form, uint16_t language) {
@@ -135,10 +154,15 @@ QWidget* CRibbonBar::BuildGroup(const UstCommandGroup& group) {
     auto* box = new QFrame;
     box->setObjectName(QString("grp%1").arg(group.nId));
     box->setFrameShape(QFrame::StyledPanel);
+    // A group keeps its own width; the tab's stretch takes what is left.
+    box->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     auto* columns = new QHBoxLayout;
     columns->setSpacing(2);
     QVBoxLayout* small = nullptr;
     int rows = 0;
+    // Two buttons and then a field, or the reverse, start a new column, so
+    // that a wide field does not stretch the buttons above it.
+    bool smallFields = false;
     for (const UstCommand& c : Commands()) {
         if (c.nGroup != group.nId || IsCompanion(c)) continue;
         bool large = false;
@@ -148,7 +172,12 @@ QWidget* CRibbonBar::BuildGroup(const UstCommandGroup& group) {
             small = nullptr;
             continue;
         }
-        if (!small || rows == SMALL_ROWS) {
+        const bool field = c.eKind == K::EDIT || c.eKind == K::COMBO;
+        if (!small || rows == SMALL_ROWS || (field != smallFields && rows >= 2)) {
+            if (small)
+                for (; rows < SMALL_ROWS; ++rows)
+                    small->addStretch();
+            smallFields = field;
             small = new QVBoxLayout;
             small->setSpacing(1);
             columns->addLayout(small);
@@ -199,15 +228,16 @@ QWidget* CRibbonBar::MakeButton(const UstCommand& c, bool* large) {
     button->setObjectName(QString("btn%1").arg(c.nId));
     button->setToolTip(Label(c, 0, m_nLanguage));
     button->setFocusPolicy(Qt::TabFocus);
-    *large = c.szIcon[0] != '\0' && c.eKind != K::STEP;
+    *large = IsLarge(c);
     if (*large) {
         button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         button->setIconSize(QSize(LARGE_ICON, LARGE_ICON));
-        button->setMinimumWidth(52);
+        button->setMinimumWidth(std::max(52, button->sizeHint().width()));
         button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     } else {
-        button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setIconSize(QSize(SMALL_ICON, SMALL_ICON));
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     }
     QMenu* menu = nullptr;
     for (const UstCommand& item : Commands()) {
@@ -234,7 +264,7 @@ QWidget* CRibbonBar::MakeRow(const UstCommand& c, QWidget* control, bool labelle
     control->setToolTip(Label(c, 0, m_nLanguage));
     if (labelled) {
         auto* label = new QLabel(Label(c, 2, m_nLanguage));
-        label->setMinimumWidth(28);
+        label->setMinimumWidth(std::max(28, label->sizeHint().width()));
         label->setBuddy(control);
         layout->addWidget(label);
     }
@@ -254,7 +284,7 @@ QWidget* CRibbonBar::MakeFieldRow(const UstCommand& c) {
 
 QWidget* CRibbonBar::MakeComboRow(const UstCommand& c) {
     auto* combo = new QComboBox;
-    combo->setMinimumWidth(c.nId == 202 ? 150 : 90);
+    combo->setMinimumWidth(c.nId == 202 ? 130 : 80);
     connect(combo, &QComboBox::activated, this,
             [this, id = c.nId](int index) { Q_EMIT ComboChosen(id, index); });
     return MakeRow(c, combo, c.nId != 202);
@@ -266,7 +296,10 @@ void CRibbonBar::AttachCompanions(const UstCommand& field, QHBoxLayout* row) {
         if (c.eKind == K::STEP) {
             bool large = false;
             auto* step = static_cast<QToolButton*>(MakeButton(c, &large));
-            step->setFixedWidth(20);
+            // An arrow says more in its 16 pixels than a clipped word.
+            step->setToolButtonStyle(Qt::ToolButtonIconOnly);
+            step->setArrowType(c.nDelta > 0 ? Qt::UpArrow : Qt::DownArrow);
+            step->setFixedWidth(18);
             row->addWidget(step);
         } else if (c.eKind == K::SLIDER) {
             auto* slider = new QSlider(Qt::Horizontal);

@@ -36,6 +36,8 @@ public:
     static QString Label(const UstCommand& c, int form, uint16_t language);
     static QString TabLabel(const UstCommandTab& t, uint16_t language);
 
+    // The quick access buttons stand at the left of the tabs.
+    void SetQuickAccess(QWidget* bar);
     uint32_t CurrentTab() const;
     void SetCurrentTab(uint32_t tab);
     bool IsCollapsed() const { return m_bCollapsed; }
@@ -75,6 +77,7 @@ private:
     uint16_t m_nLanguage;
     ActionFn m_fnAction;
     QTabBar* m_pTabs;
+    QHBoxLayout* m_pHead = nullptr;
     QStackedWidget* m_pStack;
     QToolButton* m_pCollapse;
     bool m_bCollapsed = false;

@@ -52,7 +52,7 @@ QStringList CMainFrame::ShapeKindTitles() {
 }
 
 void CMainFrame::CreateShapeMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("S&hape"));
+    QMenu* menu = CommandMenu(tr("S&hape"));
     QMenu* draw = menu->addMenu(tr("Draw Shape"));
     const QStringList titles = ShapeKindTitles();
     for (int kind = 0; kind < SHAPE_KIND_COUNT; ++kind) {

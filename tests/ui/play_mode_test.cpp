@@ -88,8 +88,11 @@ TEST_F(PlayModeTest, EnteringShowsThePanesAndLockTheRibbonLeavingGivesThemBack) 
     EXPECT_TRUE(frame->findChild<QDockWidget*>("pane555")->isVisible());
     EXPECT_TRUE(frame->Pane(553)->isVisible());
     EXPECT_EQ(List()->Cursor(), 1);  // the page under edit
+    // Only the play commands and Help stay usable; the canvas menu keeps Play.
     for (QAction* menu : frame->menuBar()->actions())
-        EXPECT_EQ(menu->isEnabled(), menu->text() == "&Play") << menu->text().toStdString();
+        EXPECT_EQ(menu->isEnabled(), menu->text() == "&Help") << menu->text().toStdString();
+    EXPECT_TRUE(frame->findChild<QAction*>("cmd781")->isEnabled());
+    EXPECT_FALSE(frame->findChild<QAction*>("cmd57643")->isEnabled());
     EXPECT_EQ(List()->findChild<QSpinBox*>("ctl1041")->maximum(), 3);
     EXPECT_EQ(List()->findChild<QSpinBox*>("ctl1059")->maximum(), 10000);
 
@@ -110,6 +113,7 @@ TEST_F(PlayModeTest, EnteringShowsThePanesAndLockTheRibbonLeavingGivesThemBack) 
     EXPECT_EQ(doc->Project().m_nCurPage, 2);  // the list's cursor is edited again
     for (QAction* menu : frame->menuBar()->actions())
         EXPECT_TRUE(menu->isEnabled());
+    EXPECT_TRUE(frame->findChild<QAction*>("cmd57643")->isEnabled());
 }
 
 // Enter on the keypad takes the cursor's page in, the next takes it off,
