@@ -7,8 +7,12 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QSettings>
 #include <QTabBar>
+#include <QTimer>
+#include <QToolBar>
 
 #include "canvas_fixture.h"
 #include "objects/shape_object.h"
@@ -309,6 +313,45 @@ TEST_F(RibbonTest, SymbolGalleryShowsTheHangulGroupsFromTheInstalledFace) {
     const QListWidgetItem* heading = symbols->DropDown()->item(0);
     EXPECT_EQ(heading->text(), QString::fromUtf8("도량형"));
     EXPECT_FALSE(heading->flags() & Qt::ItemIsSelectable);
+}
+
+// The menu bar keeps File and Help only; every command the other menus
+// hold opens from the canvas and keeps its key without the bar.
+TEST_F(RibbonTest, MenuBarKeepsFileAndHelpTheRestOpensFromTheCanvas) {
+    QStringList bar;
+    for (QAction* menu : frame->menuBar()->actions())
+        bar << menu->text();
+    EXPECT_EQ(bar, (QStringList{"&File", "&Help"}));
+    QStringList file;
+    for (QAction* a : frame->findChild<QMenu*>("FileMenu")->actions())
+        file << a->objectName();
+    for (const char* name : {"cmd57600", "cmd57603", "cmd806", "cmd807", "cmd40016", "cmd40082"})
+        EXPECT_TRUE(file.contains(name)) << name;
+    // Undo has no button on a tab: its key works from the window itself.
+    QAction* undo = frame->findChild<QAction*>("cmd57643");
+    ASSERT_NE(undo, nullptr);
+    EXPECT_TRUE(frame->actions().contains(undo));
+    EXPECT_EQ(undo->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Z));
+    auto* quick = frame->findChild<QToolBar*>("QuickAccessBar");
+    ASSERT_NE(quick, nullptr);
+    EXPECT_TRUE(quick->actions().contains(undo));
+    EXPECT_TRUE(frame->Ribbon()->isAncestorOf(quick));
+    // The canvas's menu offers every command menu; in play mode only Play
+    // keeps its commands usable.
+    QStringList canvas;
+    QTimer::singleShot(0, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu) return;
+        for (QAction* a : menu->actions())
+            canvas << a->text();
+        menu->close();
+    });
+    frame->ShowCanvasMenu(QPoint(10, 10));
+    for (const char* title : {"&Edit", "&Insert", "&Live", "S&hape", "O&utput", "&Play"})
+        EXPECT_TRUE(canvas.contains(title)) << title;
+    frame->EnterPlayMode();
+    EXPECT_FALSE(undo->isEnabled());
+    EXPECT_TRUE(frame->findChild<QAction*>("cmd781")->isEnabled());
 }
 
 // Every tab in both languages shows each of its groups; with ORV_SHOT_DIR
