@@ -62,6 +62,8 @@ struct UstCommand {
     // A STEP's field and what it adds; a SLIDER's field; an ITEM's button.
     uint32_t nPartner = 0;
     int32_t nDelta = 0;
+    // The key, in the portable text of a key sequence ("Ctrl+X"), or empty.
+    const char* szKeys = "";
 };
 
 std::span<const UstCommandTab> CommandTabs();

@@ -30,9 +30,10 @@ void CMainFrame::CreateEditMenu() {
          QT_TR_NOOP("&Redo"),
          {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)}},
         {0, nullptr, {}},
-        {CMD_CUT, QT_TR_NOOP("Cu&t"), {QKeySequence(Qt::CTRL | Qt::Key_X)}},
-        {CMD_COPY, QT_TR_NOOP("&Copy"), {QKeySequence(Qt::CTRL | Qt::Key_C)}},
-        {CMD_PASTE, QT_TR_NOOP("&Paste"), {QKeySequence(Qt::CTRL | Qt::Key_V)}},
+        // Their keys come with the ribbon's command table.
+        {CMD_CUT, QT_TR_NOOP("Cu&t"), {}},
+        {CMD_COPY, QT_TR_NOOP("&Copy"), {}},
+        {CMD_PASTE, QT_TR_NOOP("&Paste"), {}},
     };
     for (const UstCommand& c : commands) {
         if (!c.text) {

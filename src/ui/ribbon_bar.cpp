@@ -46,12 +46,12 @@ constexpr UstGalleryShape GALLERY_SHAPES[] = {
     {CMD_SYMBOL_GALLERY, {20, 20}, 180}, {CMD_PALETTE, {16, 16}, 140},
     {CMD_EFFECT_GALLERY, {90, 22}, 300},
 };
-const UstGalleryShape STYLE_SHAPE{0, {90, 48}, 300};
+const UstGalleryShape STYLE_GALLERY_SHAPE{0, {90, 48}, 300};
 
 const UstGalleryShape& ShapeOf(uint32_t id) {
     for (const UstGalleryShape& s : GALLERY_SHAPES)
         if (s.nId == id) return s;
-    return STYLE_SHAPE;
+    return STYLE_GALLERY_SHAPE;
 }
 
 // The few commands an operator looks for first stand large; the rest stack

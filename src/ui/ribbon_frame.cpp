@@ -97,6 +97,12 @@ QAction* CMainFrame::RibbonAction(const UstCommand& c) {
     action->setToolTip(CRibbonBar::Label(c, 0, m_nLanguage));
     if (c.szIcon[0]) action->setIcon(QIcon::fromTheme(QString::fromLatin1(c.szIcon)));
     if (c.eKind == ECommandKind::TOGGLE) action->setCheckable(true);
+    // The key works whichever tab shows, so the window holds it.
+    if (c.szKeys[0]) {
+        action->setShortcut(
+            QKeySequence(QString::fromLatin1(c.szKeys), QKeySequence::PortableText));
+        addAction(action);
+    }
     return action;
 }
 

@@ -72,9 +72,9 @@ TEST_F(RibbonTest, StatesEnableTheEditTabsRunAndPageChanges) {
     // Edit tabs only in state 0; Run while a project is open; nothing that
     // changes a page in automatic play out.
     const UstExpect expected[] = {
-        {225, true, false, false},   {203, true, false, false},  {40044, true, false, false},
-        {204, true, false, false},   {760, true, true, false},   {8107, true, true, false},
-        {777, true, true, true},     {1312, true, true, true},   {782, false, false, false},
+        {225, true, false, false},  {203, true, false, false},  {40044, true, false, false},
+        {204, true, false, false},  {760, true, true, false},   {8107, true, true, false},
+        {777, true, true, true},    {1312, true, true, true},   {782, false, false, false},
         {247, false, false, false}, {722, false, false, false},
     };
     for (int state : {0, 1, 2}) {
@@ -352,6 +352,24 @@ TEST_F(RibbonTest, MenuBarKeepsFileAndHelpTheRestOpensFromTheCanvas) {
     frame->EnterPlayMode();
     EXPECT_FALSE(undo->isEnabled());
     EXPECT_TRUE(frame->findChild<QAction*>("cmd781")->isEnabled());
+}
+
+// The table's keys reach the window whichever tab shows, and no key of the
+// editor belongs to two actions: Qt would run neither.
+TEST_F(RibbonTest, KeysFromTheTableWorkOnEveryTabAndNoneIsShared) {
+    QAction* find = frame->findChild<QAction*>("cmd57636");
+    ASSERT_NE(find, nullptr);
+    EXPECT_EQ(find->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_F));
+    EXPECT_TRUE(frame->actions().contains(find));
+    EXPECT_EQ(frame->findChild<QAction*>("cmd57635")->shortcut(),
+              QKeySequence(Qt::CTRL | Qt::Key_X));
+    std::map<QString, QString> owner;
+    for (QAction* a : frame->findChildren<QAction*>())
+        for (const QKeySequence& key : a->shortcuts()) {
+            const auto [it, fresh] = owner.emplace(key.toString(), a->objectName());
+            EXPECT_TRUE(fresh) << key.toString().toStdString() << " on " << it->second.toStdString()
+                               << " and " << a->objectName().toStdString();
+        }
 }
 
 // Every tab in both languages shows each of its groups; with ORV_SHOT_DIR
