@@ -31,6 +31,14 @@
         <source>Saturday</source>
         <translation>Saturday</translation>
     </message>
+    <message>
+        <source>AM</source>
+        <translation>AM</translation>
+    </message>
+    <message>
+        <source>PM</source>
+        <translation>PM</translation>
+    </message>
 </context>
 <context>
     <name>orv::CAutoDlg</name>

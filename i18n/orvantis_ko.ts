@@ -31,6 +31,14 @@
         <source>Saturday</source>
         <translation>토요일</translation>
     </message>
+    <message>
+        <source>AM</source>
+        <translation>오전</translation>
+    </message>
+    <message>
+        <source>PM</source>
+        <translation>오후</translation>
+    </message>
 </context>
 <context>
     <name>orv::CAutoDlg</name>

@@ -343,6 +343,8 @@ KO = {
     "Cannot find the string '%1'.": "'%1' 문자열을 찾을 수 없습니다.",
     "More": "더 보기",
     "Quick Access": "빠른 실행",
+    "AM": "오전",
+    "PM": "오후",
     "&Live": "라이브(&L)",
     "Blink": "깜박임",
     "No blink": "깜박임 없음",

@@ -106,14 +106,16 @@ UstClockNames InterfaceClockNames() {
                                                QT_TRANSLATE_NOOP("CQRDObjectTC", "Thursday"),
                                                QT_TRANSLATE_NOOP("CQRDObjectTC", "Friday"),
                                                QT_TRANSLATE_NOOP("CQRDObjectTC", "Saturday")};
-    const auto tr = [](const char* text) {
+    static constexpr const char* HALVES[] = {QT_TRANSLATE_NOOP("CQRDObjectTC", "AM"),
+                                             QT_TRANSLATE_NOOP("CQRDObjectTC", "PM")};
+    const auto translated = [](const char* text) {
         return QCoreApplication::translate("CQRDObjectTC", text);
     };
     UstClockNames names;
     for (size_t i = 0; i < names.weekday.size(); ++i)
-        names.weekday[i] = tr(WEEKDAYS[i]);
-    names.am = tr(QT_TRANSLATE_NOOP("CQRDObjectTC", "AM"));
-    names.pm = tr(QT_TRANSLATE_NOOP("CQRDObjectTC", "PM"));
+        names.weekday[i] = translated(WEEKDAYS[i]);
+    names.am = translated(HALVES[0]);
+    names.pm = translated(HALVES[1]);
     return names;
 }
 
