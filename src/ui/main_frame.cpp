@@ -16,6 +16,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include <algorithm>
+
 #include "objects/text_object.h"
 #include "project/project_manager.h"
 #include "project/style_library.h"
@@ -338,6 +340,23 @@ void CMainFrame::CreateArrangeMenu() {
         action->setStatusTip(parts.value(0));
         action->setObjectName(QString("cmd%1").arg(c.nId));
     }
+    menu->addSeparator();
+    QAction* lock = menu->addAction(tr("Lock or Unlock"), this, &CMainFrame::ToggleLockSelection);
+    lock->setStatusTip(tr("Lock the selected objects, or unlock them if one is locked"));
+    lock->setObjectName("cmd40019");
+}
+
+// All of the selection locks when none of it is locked; else all unlocks.
+void CMainFrame::ToggleLockSelection() {
+    CZevrantView* view = ActiveView();
+    CPageManager* page = view ? view->Page() : nullptr;
+    if (!page || m_nPlayState != 0 || !page->AnySelected()) return;
+    const auto& selected = page->Selection();
+    const bool none = std::none_of(selected.begin(), selected.end(),
+                                   [](const CQRDObject* o) { return o->m_bLocked != 0; });
+    for (CQRDObject* o : selected)
+        o->m_bLocked = none ? 1 : 0;
+    view->Document()->Project().SetProjectModified();
 }
 
 void CMainFrame::CreatePageMenu() {

@@ -97,6 +97,7 @@ public:
     void EraseOutput();
     // "Play Window" (780): the two list panes of play mode.
     void TogglePlayWindow();
+    void ToggleLockSelection();
     // The editor's commands beyond the ribbon, at a right click on the canvas.
     void ShowCanvasMenu(const QPoint& global);
     // A play key of edit mode, as the canvas passes it on.

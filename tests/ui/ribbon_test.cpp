@@ -372,6 +372,27 @@ TEST_F(RibbonTest, KeysFromTheTableWorkOnEveryTabAndNoneIsShared) {
         }
 }
 
+// Lock turns the whole selection one way: locked when none of it was,
+// else unlocked; a click on a locked object then does not move it.
+TEST_F(RibbonTest, LockLocksAllWhenNoneIsLockedElseUnlocksAll) {
+    CQRDObjectShape* a = AddShape(page);
+    CQRDObjectShape* b = AddShape(page);
+    page->SelectOnly(a);
+    page->Select(b);
+    b->m_bLocked = 1;
+    QAction* lock = frame->findChild<QAction*>("cmd40019");
+    ASSERT_NE(lock, nullptr);
+    lock->trigger();
+    EXPECT_EQ(a->m_bLocked + b->m_bLocked, 0);
+    lock->trigger();
+    EXPECT_EQ(a->m_bLocked + b->m_bLocked, 2);
+    EXPECT_TRUE(doc->Project().m_bModified);
+    frame->m_nPlayState = 2;
+    lock->trigger();
+    EXPECT_EQ(a->m_bLocked + b->m_bLocked, 2);
+    frame->m_nPlayState = 0;
+}
+
 // Every tab in both languages shows each of its groups; with ORV_SHOT_DIR
 // set the frame is saved per tab for a person to look at.
 TEST_F(RibbonTest, EveryTabShowsItsGroupsInBothLanguages) {
