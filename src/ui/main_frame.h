@@ -25,6 +25,8 @@ class QMenu;
 namespace orv {
 
 class CAutoDlg;
+class CDlgPageOverview;
+class CPreviewDlg;
 class CGBoard;
 class CPageManager;
 class CPlayCellList;
@@ -165,6 +167,21 @@ public:
     CStyleLibraries& Styles() { return *m_pStyles; }
     CStylesPane* StylesPane() const { return m_pStylesPane; }
 
+    // The page thumbnails, in the pane and in the overview while it is open:
+    // both follow the active project.
+    void RefreshPagePanes();
+    CPreviewDlg* PreviewPane() const;
+    void ShowPageOverview();
+    CDlgPageOverview* PageOverview() const { return m_pOverview; }
+    // A command of the canvas or its dialogs by number, as a menu or the
+    // ribbon gives it, and whether it is enabled now.
+    int CanvasCommand(uint32_t id);
+    bool CanvasCommandEnabled(uint32_t id) const;
+    // "Find" and "Jump To Page" on the active project.
+    void ShowFind();
+    void ShowJump();
+    uint16_t Language() const { return m_nLanguage; }
+
     int m_nPlayState = 0;
     bool m_bPageFocus = false;  // the page thumbnails hold the focus
     // The application's focus changes go on while the window is destroyed,
@@ -196,6 +213,7 @@ private:
     void ChooseTypingProperties();
     void CreateBoardMenu();
     void CreatePlayMenu();
+    void CreateViewMenu();
     void SetRibbonEnabled(bool enabled);
     std::vector<CPlayCellList*> PlayLists() const;
     void AttachBoard();
@@ -266,6 +284,7 @@ private:
     std::unique_ptr<CStyleLibraries> m_pStyles;
     CStylesPane* m_pStylesPane = nullptr;
     QAction* m_pPlayModeAction = nullptr;
+    CDlgPageOverview* m_pOverview = nullptr;
 };
 
 }  // namespace orv
