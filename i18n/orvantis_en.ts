@@ -13,6 +13,33 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgBlink</name>
+    <message>
+        <source>Blink properties</source>
+        <translation>Blink properties</translation>
+    </message>
+    <message>
+        <source>개체유무</source>
+        <translation>개체유무</translation>
+    </message>
+    <message>
+        <source>색으로</source>
+        <translation>색으로</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>Mode:</translation>
+    </message>
+    <message>
+        <source>Colour:</source>
+        <translation>Colour:</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>Speed:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgConfigDecklink</name>
     <message>
         <source>Hardware Configuration</source>
@@ -127,6 +154,41 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgFind</name>
+    <message>
+        <source>&amp;Up</source>
+        <translation>&amp;Up</translation>
+    </message>
+    <message>
+        <source>&amp;Down</source>
+        <translation>&amp;Down</translation>
+    </message>
+    <message>
+        <source>Match &amp;case</source>
+        <translation>Match &amp;case</translation>
+    </message>
+    <message>
+        <source>&amp;Find Next</source>
+        <translation>&amp;Find Next</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Find</translation>
+    </message>
+    <message>
+        <source>Fi&amp;nd what:</source>
+        <translation>Fi&amp;nd what:</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Direction</translation>
+    </message>
+    <message>
+        <source>can not be found.</source>
+        <translation>can not be found.</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgGradient</name>
     <message>
         <source>Gradient</source>
@@ -159,6 +221,17 @@
     <message>
         <source>Alpha</source>
         <translation>Alpha</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgJump</name>
+    <message>
+        <source>Move to Page</source>
+        <translation>Move to Page</translation>
+    </message>
+    <message>
+        <source>Page:</source>
+        <translation>Page:</translation>
     </message>
 </context>
 <context>
@@ -216,6 +289,13 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgPageOverview</name>
+    <message>
+        <source>Page Overview</source>
+        <translation>Page Overview</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgPrj</name>
     <message>
         <source>New Project</source>
@@ -266,6 +346,123 @@
     <message>
         <source>Repeat:</source>
         <translation>Repeat:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPropTC</name>
+    <message>
+        <source>Timer/Counter Properties</source>
+        <translation>Timer/Counter Properties</translation>
+    </message>
+    <message>
+        <source>Timer/Counter</source>
+        <translation>Timer/Counter</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Clock</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>Format:</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>Start:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>End:</translation>
+    </message>
+    <message>
+        <source>24 hours</source>
+        <translation>24 hours</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>Preview:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgRetrText</name>
+    <message>
+        <source>Import Text File</source>
+        <translation>Import Text File</translation>
+    </message>
+    <message>
+        <source>Left margin:</source>
+        <translation>Left margin:</translation>
+    </message>
+    <message>
+        <source>Right margin:</source>
+        <translation>Right margin:</translation>
+    </message>
+    <message>
+        <source>Lines Per Page:</source>
+        <translation>Lines Per Page:</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Open...</translation>
+    </message>
+    <message>
+        <source>Append Pages</source>
+        <translation>Append Pages</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insert</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Text File (*.txt)</source>
+        <translation>Text File (*.txt)</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgTyping</name>
+    <message>
+        <source>Typing properties</source>
+        <translation>Typing properties</translation>
+    </message>
+    <message>
+        <source>수동</source>
+        <translation>수동</translation>
+    </message>
+    <message>
+        <source>자동</source>
+        <translation>자동</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>Mode:</translation>
+    </message>
+    <message>
+        <source>자간단위</source>
+        <translation>자간단위</translation>
+    </message>
+    <message>
+        <source>라인단위</source>
+        <translation>라인단위</translation>
+    </message>
+    <message>
+        <source>Order:</source>
+        <translation>Order:</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>지연:</source>
+        <translation>지연:</translation>
     </message>
 </context>
 <context>
@@ -347,6 +544,22 @@ Program Monitor</translation>
         <translation>&amp;Paste</translation>
     </message>
     <message>
+        <source>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</source>
+        <translation>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>LibreOffice is not installed. Install the package %1 to import presentations.</source>
+        <translation>LibreOffice is not installed. Install the package %1 to import presentations.</translation>
+    </message>
+    <message>
+        <source>LibreOffice did not finish converting the presentation in time; nothing was imported.</source>
+        <translation>LibreOffice did not finish converting the presentation in time; nothing was imported.</translation>
+    </message>
+    <message>
+        <source>The presentation could not be imported: %1</source>
+        <translation>The presentation could not be imported: %1</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -385,6 +598,18 @@ Animation...</source>
 Animation...</translation>
     </message>
     <message>
+        <source>Animation properties
+Animation Properties...</source>
+        <translation>Animation properties
+Animation Properties...</translation>
+    </message>
+    <message>
+        <source>Play the selected animation through on the canvas
+Preview Animation</source>
+        <translation>Play the selected animation through on the canvas
+Preview Animation</translation>
+    </message>
+    <message>
         <source>Insert a timer, counter or clock
 Insert Timer/Counter</source>
         <translation>Insert a timer, counter or clock
@@ -397,64 +622,16 @@ Timer/Counter Properties...</source>
 Timer/Counter Properties...</translation>
     </message>
     <message>
-        <source>Timers</source>
-        <translation>Timers</translation>
+        <source>Import text file.
+Import Text File...</source>
+        <translation>Import text file.
+Import Text File...</translation>
     </message>
     <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Resume</source>
-        <translation>Resume</translation>
-    </message>
-    <message>
-        <source>Restart</source>
-        <translation>Restart</translation>
-    </message>
-    <message>
-        <source>Set...</source>
-        <translation>Set...</translation>
-    </message>
-    <message>
-        <source>Set Timers</source>
-        <translation>Set Timers</translation>
-    </message>
-    <message>
-        <source>Timers</source>
-        <translation>Timers</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Resume</source>
-        <translation>Resume</translation>
-    </message>
-    <message>
-        <source>Restart</source>
-        <translation>Restart</translation>
-    </message>
-    <message>
-        <source>Set...</source>
-        <translation>Set...</translation>
-    </message>
-    <message>
-        <source>Set Timers</source>
-        <translation>Set Timers</translation>
-    </message>
-    <message>
-        <source>Animation properties
-Animation Properties...</source>
-        <translation>Animation properties
-Animation Properties...</translation>
-    </message>
-    <message>
-        <source>Play the selected animation through on the canvas
-Preview Animation</source>
-        <translation>Play the selected animation through on the canvas
-Preview Animation</translation>
+        <source>Import PowerPoint file.
+Import Slides...</source>
+        <translation>Import PowerPoint file.
+Import Slides...</translation>
     </message>
     <message>
         <source>Start keying
@@ -497,6 +674,34 @@ Ungroup</translation>
     <message>
         <source>Alpha (0 to 255):</source>
         <translation>Alpha (0 to 255):</translation>
+    </message>
+    <message>
+        <source>&amp;Live</source>
+        <translation>&amp;Live</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>Blink</translation>
+    </message>
+    <message>
+        <source>No blink</source>
+        <translation>No blink</translation>
+    </message>
+    <message>
+        <source>Blink properties</source>
+        <translation>Blink properties</translation>
+    </message>
+    <message>
+        <source>Typing</source>
+        <translation>Typing</translation>
+    </message>
+    <message>
+        <source>No typing</source>
+        <translation>No typing</translation>
+    </message>
+    <message>
+        <source>Typing properties</source>
+        <translation>Typing properties</translation>
     </message>
     <message>
         <source>Initializing...</source>
@@ -1053,44 +1258,112 @@ Recovering from the last modification.</translation>
         <translation>Failed deleting a style.</translation>
     </message>
     <message>
-        <source>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</source>
-        <translation>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</translation>
+        <source>Timers</source>
+        <translation>Timers</translation>
     </message>
     <message>
-        <source>LibreOffice is not installed. Install the package %1 to import presentations.</source>
-        <translation>LibreOffice is not installed. Install the package %1 to import presentations.</translation>
+        <source>Pause</source>
+        <translation>Pause</translation>
     </message>
     <message>
-        <source>LibreOffice did not finish converting the presentation in time; nothing was imported.</source>
-        <translation>LibreOffice did not finish converting the presentation in time; nothing was imported.</translation>
+        <source>Resume</source>
+        <translation>Resume</translation>
     </message>
     <message>
-        <source>The presentation could not be imported: %1</source>
-        <translation>The presentation could not be imported: %1</translation>
+        <source>Restart</source>
+        <translation>Restart</translation>
     </message>
     <message>
-        <source>Import text file.
-Import Text File...</source>
-        <translation>Import text file.
-Import Text File...</translation>
+        <source>Set...</source>
+        <translation>Set...</translation>
     </message>
     <message>
-        <source>Import PowerPoint file.
-Import Slides...</source>
-        <translation>Import PowerPoint file.
-Import Slides...</translation>
+        <source>Set Timers</source>
+        <translation>Set Timers</translation>
     </message>
     <message>
-        <source>Loading PowerPoint Slides...</source>
-        <translation>Loading PowerPoint Slides...</translation>
+        <source>Show all pages as large thumbnails
+Page Overview</source>
+        <translation>Show all pages as large thumbnails
+Page Overview</translation>
     </message>
     <message>
-        <source>Extracting %1 of %2...</source>
-        <translation>Extracting %1 of %2...</translation>
+        <source>Find the specified text
+Find</source>
+        <translation>Find the specified text
+Find</translation>
     </message>
     <message>
-        <source>Inserting %1 of %2...</source>
-        <translation>Inserting %1 of %2...</translation>
+        <source>Jump to specific page
+Jump To Page</source>
+        <translation>Jump to specific page
+Jump To Page</translation>
+    </message>
+    <message>
+        <source>Go to the previous page
+Previous Page</source>
+        <translation>Go to the previous page
+Previous Page</translation>
+    </message>
+    <message>
+        <source>Go to the next page
+Next Page</source>
+        <translation>Go to the next page
+Next Page</translation>
+    </message>
+    <message>
+        <source>End the edit and select objects
+End Edit</source>
+        <translation>End the edit and select objects
+End Edit</translation>
+    </message>
+    <message>
+        <source>Select the next object
+Next Object</source>
+        <translation>Select the next object
+Next Object</translation>
+    </message>
+    <message>
+        <source>Select the previous object
+Previous Object</source>
+        <translation>Select the previous object
+Previous Object</translation>
+    </message>
+    <message>
+        <source>Select the entire object
+Select All</source>
+        <translation>Select the entire object
+Select All</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;View</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPageOverviewGrid</name>
+    <message>
+        <source>Cut</source>
+        <translation>Cut</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>Roll</translation>
+    </message>
+    <message>
+        <source>Crawl</source>
+        <translation>Crawl</translation>
+    </message>
+    <message>
+        <source>In: %1  Out: %2</source>
+        <translation>In: %1  Out: %2</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPageThumbs</name>
+    <message>
+        <source>New page</source>
+        <translation>New page</translation>
     </message>
 </context>
 <context>
@@ -1418,120 +1691,18 @@ Import Slides...</translation>
     </message>
 </context>
 <context>
-    <name>CQRDObjectTC</name>
+    <name>orv::CMainFrame</name>
     <message>
-        <source>Sunday</source>
-        <translation>Sunday</translation>
+        <source>Loading PowerPoint Slides...</source>
+        <translation>Loading PowerPoint Slides...</translation>
     </message>
     <message>
-        <source>Monday</source>
-        <translation>Monday</translation>
+        <source>Extracting %1 of %2...</source>
+        <translation>Extracting %1 of %2...</translation>
     </message>
     <message>
-        <source>Tuesday</source>
-        <translation>Tuesday</translation>
-    </message>
-    <message>
-        <source>Wednesday</source>
-        <translation>Wednesday</translation>
-    </message>
-    <message>
-        <source>Thursday</source>
-        <translation>Thursday</translation>
-    </message>
-    <message>
-        <source>Friday</source>
-        <translation>Friday</translation>
-    </message>
-    <message>
-        <source>Saturday</source>
-        <translation>Saturday</translation>
-    </message>
-    <message>
-        <source>AM</source>
-        <translation>AM</translation>
-    </message>
-    <message>
-        <source>PM</source>
-        <translation>PM</translation>
-    </message>
-</context>
-<context>
-    <name>orv::CDlgPropTC</name>
-    <message>
-        <source>Timer/Counter Properties</source>
-        <translation>Timer/Counter Properties</translation>
-    </message>
-    <message>
-        <source>Timer/Counter</source>
-        <translation>Timer/Counter</translation>
-    </message>
-    <message>
-        <source>Clock</source>
-        <translation>Clock</translation>
-    </message>
-    <message>
-        <source>Format:</source>
-        <translation>Format:</translation>
-    </message>
-    <message>
-        <source>Start:</source>
-        <translation>Start:</translation>
-    </message>
-    <message>
-        <source>End:</source>
-        <translation>End:</translation>
-    </message>
-    <message>
-        <source>24 hours</source>
-        <translation>24 hours</translation>
-    </message>
-    <message>
-        <source>Preview:</source>
-        <translation>Preview:</translation>
-    </message>
-</context>
-<context>
-    <name>orv::CDlgRetrText</name>
-    <message>
-        <source>Import Text File</source>
-        <translation>Import Text File</translation>
-    </message>
-    <message>
-        <source>Left margin:</source>
-        <translation>Left margin:</translation>
-    </message>
-    <message>
-        <source>Right margin:</source>
-        <translation>Right margin:</translation>
-    </message>
-    <message>
-        <source>Lines Per Page:</source>
-        <translation>Lines Per Page:</translation>
-    </message>
-    <message>
-        <source>Open...</source>
-        <translation>Open...</translation>
-    </message>
-    <message>
-        <source>Append Pages</source>
-        <translation>Append Pages</translation>
-    </message>
-    <message>
-        <source>Insert</source>
-        <translation>Insert</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancel</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>Open</translation>
-    </message>
-    <message>
-        <source>Text File (*.txt)</source>
-        <translation>Text File (*.txt)</translation>
+        <source>Inserting %1 of %2...</source>
+        <translation>Inserting %1 of %2...</translation>
     </message>
 </context>
 </TS>

@@ -13,6 +13,33 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgBlink</name>
+    <message>
+        <source>Blink properties</source>
+        <translation>깜빡임 속성</translation>
+    </message>
+    <message>
+        <source>개체유무</source>
+        <translation>개체유무</translation>
+    </message>
+    <message>
+        <source>색으로</source>
+        <translation>색으로</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>모드:</translation>
+    </message>
+    <message>
+        <source>Colour:</source>
+        <translation>색:</translation>
+    </message>
+    <message>
+        <source>Speed:</source>
+        <translation>속도:</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgConfigDecklink</name>
     <message>
         <source>Hardware Configuration</source>
@@ -127,6 +154,41 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgFind</name>
+    <message>
+        <source>&amp;Up</source>
+        <translation>위로(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Down</source>
+        <translation>아래로(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Match &amp;case</source>
+        <translation>대/소문자 구분(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Find Next</source>
+        <translation>다음 찾기(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>찾기</translation>
+    </message>
+    <message>
+        <source>Fi&amp;nd what:</source>
+        <translation>찾을 내용(&amp;N):</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>방향</translation>
+    </message>
+    <message>
+        <source>can not be found.</source>
+        <translation>을(를) 찾을 수 없습니다.</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgGradient</name>
     <message>
         <source>Gradient</source>
@@ -159,6 +221,17 @@
     <message>
         <source>Alpha</source>
         <translation>알파</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgJump</name>
+    <message>
+        <source>Move to Page</source>
+        <translation>페이지 이동</translation>
+    </message>
+    <message>
+        <source>Page:</source>
+        <translation>페이지:</translation>
     </message>
 </context>
 <context>
@@ -216,6 +289,13 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgPageOverview</name>
+    <message>
+        <source>Page Overview</source>
+        <translation>페이지 개요</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgPrj</name>
     <message>
         <source>New Project</source>
@@ -266,6 +346,123 @@
     <message>
         <source>Repeat:</source>
         <translation>반복:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPropTC</name>
+    <message>
+        <source>Timer/Counter Properties</source>
+        <translation>타이머/카운터 속성</translation>
+    </message>
+    <message>
+        <source>Timer/Counter</source>
+        <translation>타이머/카운터</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>시계</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>형식:</translation>
+    </message>
+    <message>
+        <source>Start:</source>
+        <translation>시작:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>끝:</translation>
+    </message>
+    <message>
+        <source>24 hours</source>
+        <translation>24시간</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>미리 보기:</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgRetrText</name>
+    <message>
+        <source>Import Text File</source>
+        <translation>텍스트 파일 가져오기</translation>
+    </message>
+    <message>
+        <source>Left margin:</source>
+        <translation>왼쪽 여백:</translation>
+    </message>
+    <message>
+        <source>Right margin:</source>
+        <translation>오른쪽 여백:</translation>
+    </message>
+    <message>
+        <source>Lines Per Page:</source>
+        <translation>페이지당 줄 수:</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>열기...</translation>
+    </message>
+    <message>
+        <source>Append Pages</source>
+        <translation>맨 뒤에 페이지 추가</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>삽입</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
+    </message>
+    <message>
+        <source>Text File (*.txt)</source>
+        <translation>텍스트 파일 (*.txt)</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgTyping</name>
+    <message>
+        <source>Typing properties</source>
+        <translation>타이핑 속성</translation>
+    </message>
+    <message>
+        <source>수동</source>
+        <translation>수동</translation>
+    </message>
+    <message>
+        <source>자동</source>
+        <translation>자동</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>모드:</translation>
+    </message>
+    <message>
+        <source>자간단위</source>
+        <translation>자간단위</translation>
+    </message>
+    <message>
+        <source>라인단위</source>
+        <translation>라인단위</translation>
+    </message>
+    <message>
+        <source>Order:</source>
+        <translation>순서:</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>지연:</source>
+        <translation>지연:</translation>
     </message>
 </context>
 <context>
@@ -347,6 +544,22 @@ Program Monitor</source>
         <translation>붙여넣기(&amp;P)</translation>
     </message>
     <message>
+        <source>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</source>
+        <translation>파워포인트 프레젠테이션 (*.pptx);;파워포인트 97-2003 프레젠테이션(*.ppt);;OpenDocument 프레젠테이션 (*.odp);;PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>LibreOffice is not installed. Install the package %1 to import presentations.</source>
+        <translation>LibreOffice가 설치되어 있지 않습니다. 프레젠테이션을 가져오려면 %1 패키지를 설치하십시오.</translation>
+    </message>
+    <message>
+        <source>LibreOffice did not finish converting the presentation in time; nothing was imported.</source>
+        <translation>LibreOffice가 제시간에 프레젠테이션 변환을 끝내지 못해 아무것도 가져오지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>The presentation could not be imported: %1</source>
+        <translation>프레젠테이션을 가져올 수 없습니다: %1</translation>
+    </message>
+    <message>
         <source>Pictures (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</source>
         <translation>그림 (*.bmp *.jpg *.jpeg *.png *.tga *.tif *.tiff *.gif);;BMP (*.bmp);;JPEG (*.jpg *.jpeg);;PNG (*.png);;TGA (*.tga);;TIFF (*.tif *.tiff);;GIF (*.gif)</translation>
     </message>
@@ -385,6 +598,18 @@ Animation...</source>
 애니메이션...</translation>
     </message>
     <message>
+        <source>Animation properties
+Animation Properties...</source>
+        <translation>애니메이션 속성
+애니메이션 속성...</translation>
+    </message>
+    <message>
+        <source>Play the selected animation through on the canvas
+Preview Animation</source>
+        <translation>선택한 애니메이션을 캔버스에서 끝까지 재생
+애니메이션 미리보기</translation>
+    </message>
+    <message>
         <source>Insert a timer, counter or clock
 Insert Timer/Counter</source>
         <translation>타이머, 카운터 또는 시계 삽입
@@ -397,40 +622,16 @@ Timer/Counter Properties...</source>
 타이머/카운터 속성...</translation>
     </message>
     <message>
-        <source>Timers</source>
-        <translation>타이머</translation>
+        <source>Import text file.
+Import Text File...</source>
+        <translation>텍스트 파일을 가져옵니다.
+텍스트 파일 가져오기...</translation>
     </message>
     <message>
-        <source>Pause</source>
-        <translation>일시 정지</translation>
-    </message>
-    <message>
-        <source>Resume</source>
-        <translation>계속</translation>
-    </message>
-    <message>
-        <source>Restart</source>
-        <translation>다시 시작</translation>
-    </message>
-    <message>
-        <source>Set...</source>
-        <translation>설정...</translation>
-    </message>
-    <message>
-        <source>Set Timers</source>
-        <translation>타이머 설정</translation>
-    </message>
-    <message>
-        <source>Animation properties
-Animation Properties...</source>
-        <translation>애니메이션 속성
-애니메이션 속성...</translation>
-    </message>
-    <message>
-        <source>Play the selected animation through on the canvas
-Preview Animation</source>
-        <translation>선택한 애니메이션을 캔버스에서 끝까지 재생
-애니메이션 미리보기</translation>
+        <source>Import PowerPoint file.
+Import Slides...</source>
+        <translation>파워포인트 파일을 가져옵니다.
+슬라이드 가져오기...</translation>
     </message>
     <message>
         <source>Start keying
@@ -473,6 +674,34 @@ Ungroup</source>
     <message>
         <source>Alpha (0 to 255):</source>
         <translation>알파 (0~255):</translation>
+    </message>
+    <message>
+        <source>&amp;Live</source>
+        <translation>라이브(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>깜박임</translation>
+    </message>
+    <message>
+        <source>No blink</source>
+        <translation>깜빡임 없음</translation>
+    </message>
+    <message>
+        <source>Blink properties</source>
+        <translation>깜빡임 속성</translation>
+    </message>
+    <message>
+        <source>Typing</source>
+        <translation>타이핑</translation>
+    </message>
+    <message>
+        <source>No typing</source>
+        <translation>타이핑 없음</translation>
+    </message>
+    <message>
+        <source>Typing properties</source>
+        <translation>타이핑 속성</translation>
     </message>
     <message>
         <source>Initializing...</source>
@@ -1029,44 +1258,112 @@ Recovering from the last modification.</source>
         <translation>스타일을 삭제하지 못했습니다.</translation>
     </message>
     <message>
-        <source>PowerPoint Presentation (*.pptx);;PowerPoint 97-2003 Presentation(*.ppt);;OpenDocument Presentation (*.odp);;PDF (*.pdf)</source>
-        <translation>파워포인트 프레젠테이션 (*.pptx);;파워포인트 97-2003 프레젠테이션(*.ppt);;OpenDocument 프레젠테이션 (*.odp);;PDF (*.pdf)</translation>
+        <source>Timers</source>
+        <translation>타이머</translation>
     </message>
     <message>
-        <source>LibreOffice is not installed. Install the package %1 to import presentations.</source>
-        <translation>LibreOffice가 설치되어 있지 않습니다. 프레젠테이션을 가져오려면 %1 패키지를 설치하십시오.</translation>
+        <source>Pause</source>
+        <translation>일시 정지</translation>
     </message>
     <message>
-        <source>LibreOffice did not finish converting the presentation in time; nothing was imported.</source>
-        <translation>LibreOffice가 제시간에 프레젠테이션 변환을 끝내지 못해 아무것도 가져오지 않았습니다.</translation>
+        <source>Resume</source>
+        <translation>계속</translation>
     </message>
     <message>
-        <source>The presentation could not be imported: %1</source>
-        <translation>프레젠테이션을 가져올 수 없습니다: %1</translation>
+        <source>Restart</source>
+        <translation>다시 시작</translation>
     </message>
     <message>
-        <source>Import text file.
-Import Text File...</source>
-        <translation>텍스트 파일을 가져옵니다.
-텍스트 파일 가져오기...</translation>
+        <source>Set...</source>
+        <translation>설정...</translation>
     </message>
     <message>
-        <source>Import PowerPoint file.
-Import Slides...</source>
-        <translation>파워포인트 파일을 가져옵니다.
-슬라이드 가져오기...</translation>
+        <source>Set Timers</source>
+        <translation>타이머 설정</translation>
     </message>
     <message>
-        <source>Loading PowerPoint Slides...</source>
-        <translation>파워포인트 슬라이드를 불러오는 중...</translation>
+        <source>Show all pages as large thumbnails
+Page Overview</source>
+        <translation>모든 페이지를 큰 미리 보기로 표시
+페이지 개요</translation>
     </message>
     <message>
-        <source>Extracting %1 of %2...</source>
-        <translation>%2개 중 %1번째 추출 중...</translation>
+        <source>Find the specified text
+Find</source>
+        <translation>지정한 텍스트 찾기
+찾기</translation>
     </message>
     <message>
-        <source>Inserting %1 of %2...</source>
-        <translation>%2개 중 %1번째 삽입 중...</translation>
+        <source>Jump to specific page
+Jump To Page</source>
+        <translation>지정한 페이지로 이동
+페이지로 이동</translation>
+    </message>
+    <message>
+        <source>Go to the previous page
+Previous Page</source>
+        <translation>이전 페이지로 이동
+이전 페이지</translation>
+    </message>
+    <message>
+        <source>Go to the next page
+Next Page</source>
+        <translation>다음 페이지로 이동
+다음 페이지</translation>
+    </message>
+    <message>
+        <source>End the edit and select objects
+End Edit</source>
+        <translation>편집을 끝내고 개체 선택
+편집 끝내기</translation>
+    </message>
+    <message>
+        <source>Select the next object
+Next Object</source>
+        <translation>다음 개체 선택
+다음 개체</translation>
+    </message>
+    <message>
+        <source>Select the previous object
+Previous Object</source>
+        <translation>이전 개체 선택
+이전 개체</translation>
+    </message>
+    <message>
+        <source>Select the entire object
+Select All</source>
+        <translation>모든 개체 선택
+모두 선택</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>보기(&amp;V)</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPageOverviewGrid</name>
+    <message>
+        <source>Cut</source>
+        <translation>컷</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>롤</translation>
+    </message>
+    <message>
+        <source>Crawl</source>
+        <translation>크롤</translation>
+    </message>
+    <message>
+        <source>In: %1  Out: %2</source>
+        <translation>시작: %1  끝: %2</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPageThumbs</name>
+    <message>
+        <source>New page</source>
+        <translation>새 페이지</translation>
     </message>
 </context>
 <context>
@@ -1394,120 +1691,18 @@ Import Slides...</source>
     </message>
 </context>
 <context>
-    <name>CQRDObjectTC</name>
+    <name>orv::CMainFrame</name>
     <message>
-        <source>Sunday</source>
-        <translation>일요일</translation>
+        <source>Loading PowerPoint Slides...</source>
+        <translation>파워포인트 슬라이드를 불러오는 중...</translation>
     </message>
     <message>
-        <source>Monday</source>
-        <translation>월요일</translation>
+        <source>Extracting %1 of %2...</source>
+        <translation>%2개 중 %1번째 추출 중...</translation>
     </message>
     <message>
-        <source>Tuesday</source>
-        <translation>화요일</translation>
-    </message>
-    <message>
-        <source>Wednesday</source>
-        <translation>수요일</translation>
-    </message>
-    <message>
-        <source>Thursday</source>
-        <translation>목요일</translation>
-    </message>
-    <message>
-        <source>Friday</source>
-        <translation>금요일</translation>
-    </message>
-    <message>
-        <source>Saturday</source>
-        <translation>토요일</translation>
-    </message>
-    <message>
-        <source>AM</source>
-        <translation>오전</translation>
-    </message>
-    <message>
-        <source>PM</source>
-        <translation>오후</translation>
-    </message>
-</context>
-<context>
-    <name>orv::CDlgPropTC</name>
-    <message>
-        <source>Timer/Counter Properties</source>
-        <translation>타이머/카운터 속성</translation>
-    </message>
-    <message>
-        <source>Timer/Counter</source>
-        <translation>타이머/카운터</translation>
-    </message>
-    <message>
-        <source>Clock</source>
-        <translation>시계</translation>
-    </message>
-    <message>
-        <source>Format:</source>
-        <translation>형식:</translation>
-    </message>
-    <message>
-        <source>Start:</source>
-        <translation>시작:</translation>
-    </message>
-    <message>
-        <source>End:</source>
-        <translation>끝:</translation>
-    </message>
-    <message>
-        <source>24 hours</source>
-        <translation>24시간</translation>
-    </message>
-    <message>
-        <source>Preview:</source>
-        <translation>미리 보기:</translation>
-    </message>
-</context>
-<context>
-    <name>orv::CDlgRetrText</name>
-    <message>
-        <source>Import Text File</source>
-        <translation>텍스트 파일 가져오기</translation>
-    </message>
-    <message>
-        <source>Left margin:</source>
-        <translation>왼쪽 여백:</translation>
-    </message>
-    <message>
-        <source>Right margin:</source>
-        <translation>오른쪽 여백:</translation>
-    </message>
-    <message>
-        <source>Lines Per Page:</source>
-        <translation>페이지당 줄 수:</translation>
-    </message>
-    <message>
-        <source>Open...</source>
-        <translation>열기...</translation>
-    </message>
-    <message>
-        <source>Append Pages</source>
-        <translation>맨 뒤에 페이지 추가</translation>
-    </message>
-    <message>
-        <source>Insert</source>
-        <translation>삽입</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>취소</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>열기</translation>
-    </message>
-    <message>
-        <source>Text File (*.txt)</source>
-        <translation>텍스트 파일 (*.txt)</translation>
+        <source>Inserting %1 of %2...</source>
+        <translation>%2개 중 %1번째 삽입 중...</translation>
     </message>
 </context>
 </TS>

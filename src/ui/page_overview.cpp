@@ -16,12 +16,13 @@ UstThumbGeometry CPageOverviewGrid::ComputeGeometry(int clientWidth, float aspec
 void CPageOverviewGrid::PaintCaption(QPainter& painter, const CPageManager& page,
                                      const QRect& rect) const {
     const QString types[] = {tr("Cut"), tr("Roll"), tr("Crawl")};
-    const uint16_t language = m_pFrame ? m_pFrame->Language() : 9;
-    const auto name = [language](int number) {
-        const QString text = EffectName(number, language);
-        return text.isEmpty() ? QString::number(number) : text;
-    };
     const QString type = page.m_nPageType < 3 ? types[page.m_nPageType] : QString();
+    const uint16_t language = m_pFrame ? m_pFrame->Language() : 9;
+    // Roll and crawl numbers are no transitions: the page's kind says it.
+    const auto name = [&](int number) {
+        const QString text = EffectName(number, language);
+        return !text.isEmpty() ? text : number >= 0 && number < 3 ? type : QString::number(number);
+    };
     const QString effects =
         tr("In: %1  Out: %2").arg(name(page.m_effect.nInEffect), name(page.m_effect.nOutEffect));
     painter.setPen(Qt::black);

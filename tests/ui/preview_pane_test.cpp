@@ -3,7 +3,9 @@
 // the keys, the page focus, play mode, and projects of no, one and
 // thousands of pages.
 #include <QClipboard>
+#include <QDir>
 #include <QDockWidget>
+#include <QFile>
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
@@ -11,7 +13,9 @@
 #include <algorithm>
 
 #include "canvas_fixture.h"
+#include "objects/shape_object.h"
 #include "project/clipboard_formats.h"
+#include "support/sample_projects.h"
 #include "ui/preview_dlg.h"
 
 namespace orv {
@@ -275,6 +279,38 @@ TEST_F(PreviewPaneTest, FiveThousandPagesScrollAndPaintOnlyWhatShows) {
     const int before = pane->ScrollBar()->value();
     QApplication::sendEvent(pane, &up);
     EXPECT_EQ(pane->ScrollBar()->value(), before - 2 * pane->Geometry().nPitch);
+}
+
+TEST_F(PreviewPaneTest, ThumbnailFilesMissingOrCutShortLeaveBlankPages) {
+    CProjectManager made;
+    const QString file = test::MakeProjectFolder(QDir(m_home.path()).filePath("show"), made);
+    ASSERT_FALSE(file.isEmpty());
+    for (int i = 0; i < 3; ++i) {
+        CPageManager* p = made.InsertPage(made.PageCount() - 1);
+        UstAttr red = MakeDefaultAttr();
+        red.fill[UstAttr::BODY].clrSolid = 0xFFFF0000u;
+        p->AddObject(std::make_unique<CQRDObjectShape>(p, 0, UstRect{0, 0, 1920, 1080}, red,
+                                                       MakeDefaultEffect()));
+    }
+    ASSERT_TRUE(test::SaveWithThumbnails(made, file));
+    // Page 1's file is cut short, page 2's is gone, page 3's stays.
+    QFile cut(made.DataFolder() + made.GetPage(0)->m_strThumbFile);
+    ASSERT_TRUE(cut.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(cut.resize(100));
+    cut.close();
+    ASSERT_TRUE(QFile::remove(made.DataFolder() + made.GetPage(1)->m_strThumbFile));
+    ASSERT_NE(frame->OpenProjectPath(file), nullptr);
+    pane->Refresh();
+    ASSERT_EQ(pane->PageCount(), 3);
+    const QImage shown = pane->grab().toImage();
+    const auto centre = [&](int i) {
+        return shown.pixel(pane->Geometry().ImageRect(i).center() -
+                           QPoint(0, pane->ScrollBar()->value())) &
+               0xFFFFFFu;
+    };
+    EXPECT_EQ(centre(0), 0xFFFFFFu);
+    EXPECT_EQ(centre(1), 0xFFFFFFu);
+    EXPECT_EQ(centre(2), 0xFF0000u);
 }
 
 }  // namespace
