@@ -1362,6 +1362,26 @@ Select All</translation>
 <context>
     <name>orv::CPageThumbs</name>
     <message>
+        <source>New Page</source>
+        <translation>New Page</translation>
+    </message>
+    <message>
+        <source>Delete Page</source>
+        <translation>Delete Page</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>Cu&amp;t</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Paste</translation>
+    </message>
+    <message>
         <source>New page</source>
         <translation>New page</translation>
     </message>

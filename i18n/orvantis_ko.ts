@@ -1362,6 +1362,26 @@ Select All</source>
 <context>
     <name>orv::CPageThumbs</name>
     <message>
+        <source>New Page</source>
+        <translation>새 페이지</translation>
+    </message>
+    <message>
+        <source>Delete Page</source>
+        <translation>페이지 삭제</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>잘라내기(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>복사(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>붙여넣기(&amp;P)</translation>
+    </message>
+    <message>
         <source>New page</source>
         <translation>새 페이지</translation>
     </message>

@@ -14,6 +14,7 @@
 #include <cstdlib>
 
 #include "playout/effect_table.h"
+#include "project/clipboard_formats.h"
 #include "project/project_manager.h"
 #include "ui/main_frame.h"
 #include "ui/zevrant_doc.h"
@@ -159,7 +160,8 @@ void CPageThumbs::mousePressEvent(QMouseEvent* event) {
     const int hit =
         HitTest(event->position().toPoint().x(), event->position().toPoint().y(), &index);
     if (event->button() == Qt::RightButton) {
-        RightClick(hit, index);
+        setFocus(Qt::MouseFocusReason);
+        RightClick(hit, index, event->position().toPoint());
         return;
     }
     if (event->button() != Qt::LeftButton) return;
@@ -217,9 +219,43 @@ void CPageThumbs::ClickPage(int index, Qt::KeyboardModifiers mods) {
 }
 
 // The right button keeps a marked page's selection; on any other page it
-// acts as a plain click.
-void CPageThumbs::RightClick(int hit, int index) {
-    if (hit == THUMB_HIT_PAGE && !IsMarked(index)) LeftClick(hit, index, Qt::NoModifier);
+// acts as a plain click. Over a page in the edit state the pages' menu opens.
+void CPageThumbs::RightClick(int hit, int index, QPoint at) {
+    if (hit != THUMB_HIT_PAGE) return;
+    if (!IsMarked(index)) LeftClick(hit, index, Qt::NoModifier);
+    if (PlayState() == 0) PageMenu(at);
+}
+
+void CPageThumbs::PageMenu(QPoint at) {
+    CZevrantView* view = View();
+    if (!view) return;
+    QMenu menu(this);
+    menu.setObjectName("pageMenu");
+    const auto add = [&](const QString& text, uint32_t id) {
+        menu.addAction(text, this,
+                       [this, id] {
+                           CZevrantView* v = View();
+                           if (!v) return;
+                           if (id == CMD_NEW_PAGE) {
+                               const int current = Project()->m_nCurPage;
+                               v->ProjectCommand(id, current >= 0 ? &current : nullptr);
+                           } else if (id == CMD_DELETE_PAGES) {
+                               v->ProjectCommand(id);
+                           } else {
+                               v->EditCommand(id);
+                           }
+                           Refresh();
+                       })
+            ->setObjectName(QString("cmd%1").arg(id));
+    };
+    add(tr("New Page"), CMD_NEW_PAGE);
+    add(tr("Delete Page"), CMD_DELETE_PAGES);
+    menu.addSeparator();
+    add(tr("Cu&t"), CMD_CUT);
+    add(tr("&Copy"), CMD_COPY);
+    add(tr("&Paste"), CMD_PASTE);
+    Q_EMIT ContextMenuShown(&menu);
+    menu.exec(mapToGlobal(at));
 }
 
 void CPageThumbs::NewPageAtEnd() {

@@ -52,6 +52,8 @@ Q_SIGNALS:
     // The effect gallery for a page's side is about to open; a test can
     // answer it.
     void EffectMenuShown(QMenu* menu);
+    // The same for the pages' context menu.
+    void ContextMenuShown(QMenu* menu);
 
 protected:
     virtual UstThumbGeometry ComputeGeometry(int clientWidth, float aspect) const = 0;
@@ -78,7 +80,8 @@ private:
     QPoint ToContent(QPoint window) const;
     bool IsMarked(int index) const;
     void LeftClick(int hit, int index, Qt::KeyboardModifiers mods);
-    void RightClick(int hit, int index);
+    void RightClick(int hit, int index, QPoint at);
+    void PageMenu(QPoint at);
     void ClickPage(int index, Qt::KeyboardModifiers mods);
     void NewPageAtEnd();
     void PickEffect(int index, int side, QPoint at);

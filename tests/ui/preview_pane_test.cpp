@@ -313,5 +313,40 @@ TEST_F(PreviewPaneTest, ThumbnailFilesMissingOrCutShortLeaveBlankPages) {
     EXPECT_EQ(centre(2), 0xFF0000u);
 }
 
+TEST_F(PreviewPaneTest, TheRightButtonKeepsTheMarkedPagesAndOpensThePagesMenu) {
+    MakePages(5);
+    QString answer;
+    QStringList offered;
+    QObject::connect(pane, &CPageThumbs::ContextMenuShown, pane, [&](QMenu* menu) {
+        offered.clear();
+        for (QAction* a : menu->actions())
+            if (!a->isSeparator()) offered << a->objectName();
+        QTimer::singleShot(0, menu, [menu, &answer] {
+            if (QAction* a = menu->findChild<QAction*>(answer)) a->trigger();
+            menu->close();
+        });
+    });
+    Click(1);
+    Click(3, Qt::ControlModifier);
+    answer = "none";
+    QTest::mouseClick(pane, Qt::RightButton, Qt::NoModifier, Row(3));
+    EXPECT_EQ(offered, (QStringList{"cmd604", "cmd605", "cmd57635", "cmd57634", "cmd57637"}));
+    EXPECT_EQ(Marked(), (std::vector<int>{1, 3}));  // kept
+    answer = "cmd605";
+    QTest::mouseClick(pane, Qt::RightButton, Qt::NoModifier, Row(1));
+    EXPECT_EQ(Project().PageCount(), 3);
+    // On a page outside the marks it is chosen alone first.
+    answer = "cmd604";
+    QTest::mouseClick(pane, Qt::RightButton, Qt::NoModifier, Row(2));
+    EXPECT_EQ(Project().PageCount(), 4);
+    EXPECT_EQ(Project().m_nCurPage, 3);
+    // On air the right button shows no menu.
+    offered.clear();
+    frame->m_nPlayState = 1;
+    QTest::mouseClick(pane, Qt::RightButton, Qt::NoModifier, Row(0));
+    EXPECT_TRUE(offered.isEmpty());
+    frame->m_nPlayState = 0;
+}
+
 }  // namespace
 }  // namespace orv
