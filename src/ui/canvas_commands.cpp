@@ -29,6 +29,13 @@ CQRDObject* NeighbourObject(const CPageManager& page, int step) {
     return objects[static_cast<size_t>(next)].get();
 }
 
+// Order and alignment go to the page as they are: among the selected
+// objects (500 to 503) they need two, on the page one.
+bool IsArrangeCommand(uint32_t id) {
+    return (id >= CMD_TO_FRONT && id <= CMD_BACKWARD) ||
+           (id >= CMD_ALIGN_RIGHT && id <= CMD_TO_BOTTOM);
+}
+
 // The selection's blink or typing flag: on for all, unless all have it.
 int32_t ToggledFlag(const CPageManager& page, uint32_t id) {
     for (const CQRDObject* o : page.Selection())
@@ -42,7 +49,15 @@ int CZevrantView::CanvasCommand(uint32_t id) {
     if (!CanvasCommandEnabled(id)) return 0;
     CPageManager* page = Page();
     CProjectManager& project = m_pDoc->Project();
+    if (IsArrangeCommand(id)) return PageCommand(id);
     switch (id) {
+        case CMD_EDIT_TEXT_MODE:
+            if (m_pFrame->m_nCanvasMode != MODE_TEXT) SetCanvasMode(MODE_TEXT);
+            return 1;
+        case CMD_SELECT_MODE:
+            EndTextEdit();
+            SetCanvasMode(MODE_SELECT);
+            return 1;
         case CMD_PREVIOUS_PAGE:
         case CMD_NEXT_PAGE: {
             const int index = project.m_nCurPage + (id == CMD_NEXT_PAGE ? 1 : -1);
@@ -81,7 +96,12 @@ bool CZevrantView::CanvasCommandEnabled(uint32_t id) const {
     const int state = m_pFrame ? m_pFrame->m_nPlayState : 0;
     if (!m_pDoc || state == 2) return false;
     const CProjectManager& project = m_pDoc->Project();
+    if (IsArrangeCommand(id))
+        return page && (id <= CMD_ALIGN_BOTTOM ? page->ManySelected() : page->AnySelected());
     switch (id) {
+        case CMD_EDIT_TEXT_MODE:
+        case CMD_SELECT_MODE:
+            return page && m_pFrame;
         case CMD_PREVIOUS_PAGE:
             return project.m_nCurPage > 0;
         case CMD_NEXT_PAGE:

@@ -6,6 +6,8 @@
 namespace orv {
 
 enum ECanvasCommand : uint32_t {
+    CMD_EDIT_TEXT_MODE = 207,
+    CMD_SELECT_MODE = 208,
     CMD_JUMP_TO_PAGE = 8000,
     CMD_PREVIOUS_PAGE = 8102,
     CMD_NEXT_PAGE = 8103,

@@ -186,5 +186,28 @@ TEST_F(CanvasCommandsTest, TheViewMenuCarriesTheCommandsAndOpensTheOverview) {
     dlg->close();
 }
 
+TEST_F(CanvasCommandsTest, ModesOrderAndAlignmentByNumber) {
+    EXPECT_EQ(Run(CMD_EDIT_TEXT_MODE), 1);
+    EXPECT_EQ(frame->m_nCanvasMode, MODE_TEXT);
+    EXPECT_EQ(Run(CMD_SELECT_MODE), 1);
+    EXPECT_EQ(frame->m_nCanvasMode, MODE_SELECT);
+    const auto o = Objects({10, 60});
+    o[1]->m_rcView.top += 10;
+    page->SelectOnly(o[0]);
+    // Among the selected needs two; to the page one will do.
+    EXPECT_FALSE(frame->CanvasCommandEnabled(CMD_ALIGN_TOP));
+    EXPECT_TRUE(frame->CanvasCommandEnabled(CMD_TO_FRONT));
+    EXPECT_TRUE(frame->CanvasCommandEnabled(CMD_TO_TOP));
+    ASSERT_EQ(Run(CMD_TO_FRONT), 1);
+    EXPECT_EQ(page->Objects().back().get(), o[0]);
+    page->Select(o[1]);
+    ASSERT_TRUE(frame->CanvasCommandEnabled(CMD_ALIGN_TOP));
+    ASSERT_EQ(Run(CMD_ALIGN_TOP), 1);
+    EXPECT_EQ(o[0]->m_rcView.top, o[1]->m_rcView.top);
+    page->ClearSelection();
+    EXPECT_FALSE(frame->CanvasCommandEnabled(CMD_TO_BACK));
+    EXPECT_EQ(Run(CMD_TO_BACK), 0);
+}
+
 }  // namespace
 }  // namespace orv
