@@ -1725,4 +1725,43 @@ Select All</source>
         <translation>%2개 중 %1번째 삽입 중...</translation>
     </message>
 </context>
+<context>
+    <name>CQRDObjectTC</name>
+    <message>
+        <source>Sunday</source>
+        <translation>일요일</translation>
+    </message>
+    <message>
+        <source>Monday</source>
+        <translation>월요일</translation>
+    </message>
+    <message>
+        <source>Tuesday</source>
+        <translation>화요일</translation>
+    </message>
+    <message>
+        <source>Wednesday</source>
+        <translation>수요일</translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation>목요일</translation>
+    </message>
+    <message>
+        <source>Friday</source>
+        <translation>금요일</translation>
+    </message>
+    <message>
+        <source>Saturday</source>
+        <translation>토요일</translation>
+    </message>
+    <message>
+        <source>AM</source>
+        <translation>오전</translation>
+    </message>
+    <message>
+        <source>PM</source>
+        <translation>오후</translation>
+    </message>
+</context>
 </TS>
