@@ -47,10 +47,10 @@ function(orv_collect_targets dir out)
 endfunction()
 
 # The core libraries must run headless: only the user interface, the editor,
-# their tests, the ribbon's benchmark and the soak's editing session may
-# reach QtWidgets, directly or through orv_ui.
+# their tests, the benchmarks of the ribbon and of the thumbnails pane and
+# the soak's editing session may reach QtWidgets, directly or through orv_ui.
 function(orv_check_widgets_rule)
-    set(allowed orv_ui orvantis test_ui orv_project_session ribbon_bench)
+    set(allowed orv_ui orvantis test_ui orv_project_session ribbon_bench preview_bench)
     orv_collect_targets(${PROJECT_SOURCE_DIR} all)
     foreach(t ${all})
         get_target_property(type ${t} TYPE)

@@ -2,6 +2,63 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
 <context>
+    <name>orv::CMainFrame</name>
+    <message>
+        <source>Show all pages as large thumbnails
+Page Overview</source>
+        <translation>Show all pages as large thumbnails
+Page Overview</translation>
+    </message>
+    <message>
+        <source>Find the specified text
+Find</source>
+        <translation>Find the specified text
+Find</translation>
+    </message>
+    <message>
+        <source>Jump to specific page
+Jump To Page</source>
+        <translation>Jump to specific page
+Jump To Page</translation>
+    </message>
+    <message>
+        <source>Go to the previous page
+Previous Page</source>
+        <translation>Go to the previous page
+Previous Page</translation>
+    </message>
+    <message>
+        <source>Go to the next page
+Next Page</source>
+        <translation>Go to the next page
+Next Page</translation>
+    </message>
+    <message>
+        <source>End the edit and select objects
+End Edit</source>
+        <translation>End the edit and select objects
+End Edit</translation>
+    </message>
+    <message>
+        <source>Select the next object
+Next Object</source>
+        <translation>Select the next object
+Next Object</translation>
+    </message>
+    <message>
+        <source>Select the previous object
+Previous Object</source>
+        <translation>Select the previous object
+Previous Object</translation>
+    </message>
+    <message>
+        <source>Select the entire object
+Select All</source>
+        <translation>Select the entire object
+Select All</translation>
+    </message>
+</context>
+<context>
     <name>CQRDObjectTC</name>
     <message>
         <source>Sunday</source>
@@ -193,6 +250,41 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgFind</name>
+    <message>
+        <source>&amp;Up</source>
+        <translation>&amp;Up</translation>
+    </message>
+    <message>
+        <source>&amp;Down</source>
+        <translation>&amp;Down</translation>
+    </message>
+    <message>
+        <source>Match &amp;case</source>
+        <translation>Match &amp;case</translation>
+    </message>
+    <message>
+        <source>&amp;Find Next</source>
+        <translation>&amp;Find Next</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Find</translation>
+    </message>
+    <message>
+        <source>Fi&amp;nd what:</source>
+        <translation>Fi&amp;nd what:</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Direction</translation>
+    </message>
+    <message>
+        <source>can not be found.</source>
+        <translation>can not be found.</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgGradient</name>
     <message>
         <source>Gradient</source>
@@ -225,6 +317,17 @@
     <message>
         <source>Alpha</source>
         <translation>Alpha</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgJump</name>
+    <message>
+        <source>Move to Page</source>
+        <translation>Move to Page</translation>
+    </message>
+    <message>
+        <source>Page:</source>
+        <translation>Page:</translation>
     </message>
 </context>
 <context>
@@ -279,6 +382,13 @@
     <message>
         <source>Edit Options</source>
         <translation>Edit Options</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPageOverview</name>
+    <message>
+        <source>Page Overview</source>
+        <translation>Page Overview</translation>
     </message>
 </context>
 <context>
@@ -1288,16 +1398,62 @@ Import Slides...</translation>
         <translation>Ribbon</translation>
     </message>
     <message>
-        <source>Find</source>
-        <translation>Find</translation>
+        <source>Lock or Unlock</source>
+        <translation>Lock or Unlock</translation>
     </message>
     <message>
-        <source>Find what:</source>
-        <translation>Find what:</translation>
+        <source>Lock the selected objects, or unlock them if one is locked</source>
+        <translation>Lock the selected objects, or unlock them if one is locked</translation>
     </message>
     <message>
-        <source>Cannot find the string &apos;%1&apos;.</source>
-        <translation>Cannot find the string '%1'.</translation>
+        <source>&amp;View</source>
+        <translation>&amp;View</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPageOverviewGrid</name>
+    <message>
+        <source>Cut</source>
+        <translation>Cut</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>Roll</translation>
+    </message>
+    <message>
+        <source>Crawl</source>
+        <translation>Crawl</translation>
+    </message>
+    <message>
+        <source>In: %1  Out: %2</source>
+        <translation>In: %1  Out: %2</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPageThumbs</name>
+    <message>
+        <source>New Page</source>
+        <translation>New Page</translation>
+    </message>
+    <message>
+        <source>Delete Page</source>
+        <translation>Delete Page</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>Cu&amp;t</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Paste</translation>
+    </message>
+    <message>
+        <source>New page</source>
+        <translation>New page</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,63 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR">
 <context>
+    <name>orv::CMainFrame</name>
+    <message>
+        <source>Show all pages as large thumbnails
+Page Overview</source>
+        <translation>모든 페이지를 큰 미리 보기로 표시
+페이지 개요</translation>
+    </message>
+    <message>
+        <source>Find the specified text
+Find</source>
+        <translation>지정한 텍스트 찾기
+찾기</translation>
+    </message>
+    <message>
+        <source>Jump to specific page
+Jump To Page</source>
+        <translation>지정한 페이지로 이동
+페이지로 이동</translation>
+    </message>
+    <message>
+        <source>Go to the previous page
+Previous Page</source>
+        <translation>이전 페이지로 이동
+이전 페이지</translation>
+    </message>
+    <message>
+        <source>Go to the next page
+Next Page</source>
+        <translation>다음 페이지로 이동
+다음 페이지</translation>
+    </message>
+    <message>
+        <source>End the edit and select objects
+End Edit</source>
+        <translation>편집을 끝내고 개체 선택
+편집 끝내기</translation>
+    </message>
+    <message>
+        <source>Select the next object
+Next Object</source>
+        <translation>다음 개체 선택
+다음 개체</translation>
+    </message>
+    <message>
+        <source>Select the previous object
+Previous Object</source>
+        <translation>이전 개체 선택
+이전 개체</translation>
+    </message>
+    <message>
+        <source>Select the entire object
+Select All</source>
+        <translation>모든 개체 선택
+모두 선택</translation>
+    </message>
+</context>
+<context>
     <name>CQRDObjectTC</name>
     <message>
         <source>Sunday</source>
@@ -55,7 +112,7 @@
     <name>orv::CDlgBlink</name>
     <message>
         <source>Blink properties</source>
-        <translation>깜박임 속성</translation>
+        <translation>깜빡임 속성</translation>
     </message>
     <message>
         <source>개체유무</source>
@@ -193,6 +250,41 @@
     </message>
 </context>
 <context>
+    <name>orv::CDlgFind</name>
+    <message>
+        <source>&amp;Up</source>
+        <translation>위로(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Down</source>
+        <translation>아래로(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Match &amp;case</source>
+        <translation>대/소문자 구분(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Find Next</source>
+        <translation>다음 찾기(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>찾기</translation>
+    </message>
+    <message>
+        <source>Fi&amp;nd what:</source>
+        <translation>찾을 내용(&amp;N):</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>방향</translation>
+    </message>
+    <message>
+        <source>can not be found.</source>
+        <translation>을(를) 찾을 수 없습니다.</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgGradient</name>
     <message>
         <source>Gradient</source>
@@ -225,6 +317,17 @@
     <message>
         <source>Alpha</source>
         <translation>알파</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgJump</name>
+    <message>
+        <source>Move to Page</source>
+        <translation>페이지 이동</translation>
+    </message>
+    <message>
+        <source>Page:</source>
+        <translation>페이지:</translation>
     </message>
 </context>
 <context>
@@ -279,6 +382,13 @@
     <message>
         <source>Edit Options</source>
         <translation>편집 옵션</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CDlgPageOverview</name>
+    <message>
+        <source>Page Overview</source>
+        <translation>페이지 개요</translation>
     </message>
 </context>
 <context>
@@ -1253,11 +1363,11 @@ Import Slides...</source>
     </message>
     <message>
         <source>No blink</source>
-        <translation>깜박임 없음</translation>
+        <translation>깜빡임 없음</translation>
     </message>
     <message>
         <source>Blink properties</source>
-        <translation>깜박임 속성</translation>
+        <translation>깜빡임 속성</translation>
     </message>
     <message>
         <source>Typing</source>
@@ -1288,16 +1398,62 @@ Import Slides...</source>
         <translation>리본</translation>
     </message>
     <message>
-        <source>Find</source>
-        <translation>찾기</translation>
+        <source>Lock or Unlock</source>
+        <translation>잠금 또는 잠금 해제</translation>
     </message>
     <message>
-        <source>Find what:</source>
-        <translation>찾을 내용:</translation>
+        <source>Lock the selected objects, or unlock them if one is locked</source>
+        <translation>선택한 개체를 잠그거나, 잠긴 개체가 있으면 모두 잠금 해제</translation>
     </message>
     <message>
-        <source>Cannot find the string &apos;%1&apos;.</source>
-        <translation>'%1' 문자열을 찾을 수 없습니다.</translation>
+        <source>&amp;View</source>
+        <translation>보기(&amp;V)</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPageOverviewGrid</name>
+    <message>
+        <source>Cut</source>
+        <translation>컷</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>롤</translation>
+    </message>
+    <message>
+        <source>Crawl</source>
+        <translation>크롤</translation>
+    </message>
+    <message>
+        <source>In: %1  Out: %2</source>
+        <translation>시작: %1  끝: %2</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CPageThumbs</name>
+    <message>
+        <source>New Page</source>
+        <translation>새 페이지</translation>
+    </message>
+    <message>
+        <source>Delete Page</source>
+        <translation>페이지 삭제</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>잘라내기(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>복사(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>붙여넣기(&amp;P)</translation>
+    </message>
+    <message>
+        <source>New page</source>
+        <translation>새 페이지</translation>
     </message>
 </context>
 <context>

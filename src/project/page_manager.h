@@ -184,6 +184,11 @@ public:
     // and only the union of before and now shown again.
     void RedrawEditing(const UstRect& windowBefore);
 
+    // The first text object, head to tail and behind `after` when given,
+    // whose text holds the key. Without matchCase the caller has lower-cased
+    // the key, and each text is compared in lower case.
+    CQRDObject* FindText(const QString& key, bool matchCase, const CQRDObject* after) const;
+
     CQRDObject* HitTestObject(int x, int y) const;
     int HitTestHandles(int x, int y, CQRDObject** outObject);
     int ScrollToRect(int left, int top, int right, int bottom);

@@ -16,6 +16,23 @@ void CPageManager::ScrollToShow(const UstRect& r) {
     ScrollToRect(r.left, r.top, r.right, r.bottom);
 }
 
+CQRDObject* CPageManager::FindText(const QString& key, bool matchCase,
+                                   const CQRDObject* after) const {
+    auto it = m_objects.begin();
+    if (after) {
+        it = std::find_if(m_objects.begin(), m_objects.end(),
+                          [after](const auto& o) { return o.get() == after; });
+        // A mark that is gone from the page starts the search at the head.
+        it = it == m_objects.end() ? m_objects.begin() : it + 1;
+    }
+    for (; it != m_objects.end(); ++it) {
+        if ((*it)->GetType() != OBJ_TEXT) continue;
+        const QString text = (*it)->GetPlainText();
+        if ((matchCase ? text : text.toLower()).contains(key)) return it->get();
+    }
+    return nullptr;
+}
+
 CQRDObjectText* CPageManager::EditedText() const {
     CQRDObjectText* text = m_pEditingText;
     const bool here = text && std::any_of(m_objects.begin(), m_objects.end(),

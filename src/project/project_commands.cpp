@@ -13,6 +13,12 @@ namespace orv {
 
 namespace {
 
+// Effect numbers 2 to 34 are transitions; 0 and 1 belong to roll and crawl.
+constexpr int FIRST_TRANSITION = 2;
+constexpr int NO_TRANSITION = 2;
+constexpr int CUT = 3;
+constexpr int EFFECT_NUMBERS = 35;
+
 int IndexOf(const void* arg) {
     return arg ? *static_cast<const int*>(arg) : -1;
 }
@@ -41,6 +47,8 @@ int CProjectManager::ExecCommand(const void* arg, uint32_t id) {
         case CMD_CLEAR_PAGE_SELECTION:
             m_aSelPages.clear();
             return 1;
+        case CMD_MOVE_PAGES:
+            return arg ? MovePages(IndexOf(arg)) : 0;
         case CMD_LEAVE_CANVAS:
             return LeaveCanvas();
         case CMD_BACKGROUND_TO_ALL:
@@ -183,6 +191,57 @@ int CProjectManager::RemovePageFromSelection(int index) {
     return 1;
 }
 
+int CProjectManager::MovePages(int before) {
+    if (PlayState() != 0 || !m_pCurPage || before < 0 || before > PageCount()) return 0;
+    std::vector<int> moved = m_aSelPages;
+    moved.push_back(m_nCurPage);
+    std::sort(moved.begin(), moved.end());
+    std::vector<uint32_t> old, order, block;
+    for (int i = 0; i < PageCount(); ++i) {
+        const uint32_t identity = m_aPages[static_cast<size_t>(i)]->m_nIdentity;
+        old.push_back(identity);
+        if (i == before) order.push_back(0);  // where the block goes
+        if (std::binary_search(moved.begin(), moved.end(), i))
+            block.push_back(identity);
+        else
+            order.push_back(identity);
+    }
+    if (before == PageCount()) order.push_back(0);
+    const auto gap = std::find(order.begin(), order.end(), 0u);
+    order.insert(order.erase(gap), block.begin(), block.end());
+    if (order == old) return 0;
+    if (m_pCurPage) m_pCurPage->EndTextEdit();
+    m_pUndo->PushOrder(old, order);
+    ArrangePages(order);
+    SetProjectModified();
+    return 1;
+}
+
+void CProjectManager::ArrangePages(const std::vector<uint32_t>& identities) {
+    std::vector<const CPageManager*> selected;
+    for (int i : m_aSelPages)
+        selected.push_back(GetPage(i));
+    std::vector<std::unique_ptr<CPageManager>> arranged;
+    for (uint32_t identity : identities) {
+        const auto it = std::find_if(m_aPages.begin(), m_aPages.end(), [identity](const auto& p) {
+            return p && p->m_nIdentity == identity;
+        });
+        if (it != m_aPages.end()) arranged.push_back(std::move(*it));
+    }
+    for (auto& page : m_aPages)
+        if (page) arranged.push_back(std::move(page));
+    m_aPages = std::move(arranged);
+    m_aSelPages.clear();
+    for (int i = 0; i < PageCount(); ++i) {
+        const CPageManager* page = m_aPages[static_cast<size_t>(i)].get();
+        if (page == m_pCurPage) m_nCurPage = i;
+        if (std::find(selected.begin(), selected.end(), page) != selected.end())
+            m_aSelPages.push_back(i);
+    }
+    StatusChanged();
+    PanelsChanged();
+}
+
 int CProjectManager::LeaveCanvas() {
     if (m_pCurPage) m_pCurPage->Deactivate();
     m_pCurPage = nullptr;
@@ -229,6 +288,36 @@ int CProjectManager::BackgroundToSelected(const QString& source) {
     SetProjectModified();
     m_pUndo->PushPages({pages.begin(), pages.end()}, UNDO_PAGES_EDITED);
     if (m_pHost) m_pHost->PagesChanged();
+    return 1;
+}
+
+int CProjectManager::SetPageEffect(int index, int side, int number) {
+    CPageManager* page = GetPage(index);
+    if (!page || PlayState() != 0 || number < FIRST_TRANSITION || number >= EFFECT_NUMBERS ||
+        (side != 0 && side != 1))
+        return 0;
+    UstPageEffect& e = page->m_effect;
+    const UstPageEffect before = e;
+    // "No transition" never comes in and "Cut" never goes out: picked on
+    // that side, the number goes to the other one.
+    const auto setIn = [&] {
+        if (e.nInEffect >= FIRST_TRANSITION && number != NO_TRANSITION) e.nInEffect = number;
+    };
+    const auto setOut = [&] {
+        if (e.nOutEffect >= FIRST_TRANSITION && number != CUT) e.nOutEffect = number;
+    };
+    if (side == 0 && number != NO_TRANSITION)
+        setIn();
+    else if (side == 1 && number != CUT)
+        setOut();
+    else {
+        setIn();
+        setOut();
+    }
+    if (e.nInEffect == before.nInEffect && e.nOutEffect == before.nOutEffect) return 0;
+    page->SetModified(true);
+    m_pUndo->PushPage(*page, UNDO_PAGES_EDITED);
+    PanelsChanged();
     return 1;
 }
 

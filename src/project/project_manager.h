@@ -55,6 +55,9 @@ enum EProjectCommand : uint32_t {
     CMD_SELECT_ALL_PAGES = 644,
     CMD_REMOVE_PAGE_FROM_SELECTION = 645,
     CMD_CLEAR_PAGE_SELECTION = 646,
+    // The current page and the extra selected ones, in their order, moved to
+    // the gap before the index given (0 to the page count).
+    CMD_MOVE_PAGES = 647,
     CMD_LEAVE_CANVAS = 6001,
     // A library background onto the current page and every selected page.
     CMD_BACKGROUND_STYLE = 40050
@@ -100,6 +103,10 @@ public:
     // takes it on the selected pages (all pages when none is selected), as
     // one undo step; 0 when no object changed.
     int BatchAttribute(const void* arg, uint32_t id);
+    // The in (side 0) or out (side 1) transition of one page, from the
+    // thumbnails' gallery, as one undo step. Roll and crawl pages keep
+    // theirs; 0 when nothing changed.
+    int SetPageEffect(int index, int side, int number);
     void SetHost(CProjectHost* host) { m_pHost = host; }
     bool IsPageDeletable(int index) const;
     // Pages made for this project and its view but not in its list (an
@@ -109,6 +116,10 @@ public:
     // stays, and without one the first new page becomes current.
     void AdoptPages(std::vector<std::unique_ptr<CPageManager>> pages, bool append, int afterIndex);
     void RemovePage(int index);
+    // The pages put into the order of the identities given; pages not named
+    // keep their order behind them. The current page and the selected set
+    // follow their pages.
+    void ArrangePages(const std::vector<uint32_t>& identities);
 
     CPageManager* GetPage(int index) const;
     CPageManager* GetCurPage() const { return m_pCurPage; }
@@ -182,7 +193,8 @@ public:
     int ThumbHeight() const override { return m_nThumbHeight; }
     void SetProjectModified() override { m_bModified = 1; }
     void PushUndo(CPageManager& page, int kind) override;
-    void RefreshPreviewList() override {}
+    // A page's thumbnail changed: the panes that show it repaint.
+    void RefreshPreviewList() override { PanelsChanged(); }
     void RefreshTextList() override {}
     void ObjectRemoved(CQRDObject* object) override;
     QString ObjectFolder() const override { return m_strObjectFolder; }
@@ -216,6 +228,7 @@ private:
     int AddPageToSelection(int index);
     int SelectAllPages();
     int RemovePageFromSelection(int index);
+    int MovePages(int before);
     int LeaveCanvas();
     int BackgroundToAll(const QString& source);
     int BackgroundToSelected(const QString& source);

@@ -54,9 +54,38 @@ void CUndoLog::PushPages(const std::vector<const CPageManager*>& pages, uint32_t
     record = head.Bytes();
     for (const auto& s : snapshots)
         record.insert(record.end(), s.begin(), s.end());
+    PushRecord(std::move(record));
+}
+
+void CUndoLog::PushRecord(Record record) {
     if (m_undo.size() > static_cast<size_t>(m_nDepth)) m_undo.pop_back();
     m_undo.push_front(std::move(record));
     m_redo.clear();
+}
+
+void CUndoLog::PushOrder(const std::vector<uint32_t>& before, const std::vector<uint32_t>& after) {
+    CByteWriter out;
+    out.Put(static_cast<uint32_t>(UNDO_PAGES_MOVED));
+    out.Put(static_cast<uint32_t>(before.size()));
+    for (size_t i = 0; i < before.size(); ++i) {
+        const auto at = std::find(after.begin(), after.end(), before[i]);
+        out.Put(before[i]);
+        out.Put(static_cast<uint32_t>(i));
+        out.Put(static_cast<uint32_t>(at - after.begin()));
+    }
+    PushRecord(out.Bytes());
+}
+
+// The third word of a row is the index after the move.
+void CUndoLog::RestoreOrder(const Record& record, bool after) {
+    std::vector<UstRow> rows = Rows(record);
+    std::stable_sort(rows.begin(), rows.end(), [after](const UstRow& a, const UstRow& b) {
+        return after ? a.nOffset < b.nOffset : a.nIndex < b.nIndex;
+    });
+    std::vector<uint32_t> order;
+    for (const UstRow& row : rows)
+        order.push_back(row.nIdentity);
+    m_pProject->ArrangePages(order);
 }
 
 bool CUndoLog::CanUndo() const {
@@ -113,6 +142,9 @@ void CUndoLog::Undo() {
         case UNDO_PAGES_EDITED:
             UndoEdit(record);
             break;
+        case UNDO_PAGES_MOVED:
+            RestoreOrder(record, false);
+            break;
         default:
             break;
     }
@@ -132,6 +164,9 @@ void CUndoLog::Redo() {
             break;
         case UNDO_PAGES_EDITED:
             RedoEdit(record);
+            break;
+        case UNDO_PAGES_MOVED:
+            RestoreOrder(record, true);
             break;
         default:
             break;

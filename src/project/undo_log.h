@@ -18,7 +18,9 @@ enum EUndoKind : uint32_t {
     UNDO_BASE = 0,  // every page after a load; never undone itself
     UNDO_PAGES_ADDED = 1,
     UNDO_PAGES_REMOVED = 2,
-    UNDO_PAGES_EDITED = 4
+    UNDO_PAGES_EDITED = 4,
+    // Rows of (identity, index before, index after) for every page.
+    UNDO_PAGES_MOVED = 8
 };
 
 // A record: kind, row count, rows of (identity, index, snapshot offset),
@@ -33,6 +35,8 @@ public:
 
     void PushPage(const CPageManager& page, uint32_t kind);
     void PushPages(const std::vector<const CPageManager*>& pages, uint32_t kind);
+    // A new order of the project's pages: their identities before and after.
+    void PushOrder(const std::vector<uint32_t>& before, const std::vector<uint32_t>& after);
     bool CanUndo() const;
     bool CanRedo() const;
     void Undo();
@@ -60,6 +64,8 @@ private:
     void RestoreRecordedPages(const Record& record);
     void UndoEdit(const Record& record);
     void RedoEdit(const Record& record);
+    void RestoreOrder(const Record& record, bool after);
+    void PushRecord(Record record);
 
     std::deque<Record> m_undo;  // front is newest
     std::deque<Record> m_redo;  // front is next to redo

@@ -33,6 +33,7 @@
 #include "ui/options_dialog.h"
 #include "ui/pane_dialogs.h"
 #include "ui/play_dlg.h"
+#include "ui/preview_dlg.h"
 #include "ui/ribbon_bar.h"
 #include "ui/splash_screen.h"
 #include "ui/zevrant_doc.h"
@@ -96,6 +97,7 @@ bool CMainFrame::OnCreate() {
 
     m_pMdi = new QMdiArea(this);
     m_pMdi->setBackground(QColor::fromRgba(CZevrantView::SURROUND));
+    connect(m_pMdi, &QMdiArea::subWindowActivated, this, [this] { RefreshPagePanes(); });
     setCentralWidget(m_pMdi);
     CreateStatusBar();
 
@@ -147,6 +149,7 @@ void CMainFrame::CreateCommandBars() {
     for (QMenu* menu : m_commandMenus)
         AddShortcutsOf(menu);
     CreateFileMenu();
+    CreateViewMenu();
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About"), this, [this] {
         QMessageBox::about(this, windowTitle(),
@@ -247,7 +250,8 @@ QDockWidget* CMainFrame::CreatePane(int id, const QString& title, QWidget* dialo
 void CMainFrame::CreatePanes() {
     const QSize wideMin(140, 200), wideMax(340, 5000), wideNew(260, 120);
     const QSize playMin(170, 200), playMax(170, 2000), playNew(170, 150);
-    QDockWidget* slide = CreatePane(550, tr("Slide"), new CPreviewDlg, wideNew, wideMin, wideMax);
+    QDockWidget* slide =
+        CreatePane(550, tr("Slide"), new CPreviewDlg(this), wideNew, wideMin, wideMax);
     QDockWidget* outline = CreatePane(551, tr("Outline"), new CTextDlg, wideNew, wideMin, wideMax);
     tabifyDockWidget(slide, outline);
     slide->raise();
@@ -476,6 +480,7 @@ CZevrantView* CMainFrame::AddProjectWindow(CZevrantDoc* doc) {
     doc->SetPlayState([this] { return m_nPlayState; });
     auto* view = new CZevrantView(this, doc);
     doc->SetPageStatusChanged([view] { view->ShowPageStatus(); });
+    doc->SetPagesChanged([this] { RefreshPagePanes(); });
     auto* child = new CChildFrame(view, doc->Title());
     m_pMdi->addSubWindow(child);
     child->showMaximized();

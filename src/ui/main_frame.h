@@ -27,6 +27,8 @@ namespace orv {
 class CAutoDlg;
 class CRibbonBar;
 struct UstCommand;
+class CDlgPageOverview;
+class CPreviewDlg;
 class CGBoard;
 class CPageManager;
 class CPlayCellList;
@@ -203,6 +205,20 @@ public:
     void RememberFont(const QString& face);
     void FillFontGallery();
     void FillSymbolGallery();
+    // The page thumbnails, in the pane and in the overview while it is open:
+    // both follow the active project.
+    void RefreshPagePanes();
+    CPreviewDlg* PreviewPane() const;
+    void ShowPageOverview();
+    CDlgPageOverview* PageOverview() const { return m_pOverview; }
+    // A command of the canvas or its dialogs by number, as a menu or the
+    // ribbon gives it, and whether it is enabled now.
+    int CanvasCommand(uint32_t id);
+    bool CanvasCommandEnabled(uint32_t id) const;
+    // "Find" and "Jump To Page" on the active project.
+    void ShowFind();
+    void ShowJump();
+    uint16_t Language() const { return m_nLanguage; }
 
     int m_nPlayState = 0;
     bool m_bMasterMode = false;  // 5008
@@ -236,8 +252,6 @@ private:
     int SendEffectValue(uint32_t id, int32_t value);
     void ChooseRibbonColor();
     void ChooseFontFromGallery(const QString& face);
-    void FindText();
-    void SelectAllObjects();
     void FillStyleGalleries();
     void FillEffectGallery();
     void FillPaletteGallery();
@@ -258,6 +272,7 @@ private:
     void ChooseTypingProperties();
     void CreateBoardMenu();
     void CreatePlayMenu();
+    void CreateViewMenu();
     void SetRibbonEnabled(bool enabled);
     std::vector<CPlayCellList*> PlayLists() const;
     void AttachBoard();
@@ -336,6 +351,7 @@ private:
     std::map<uint32_t, std::function<void(int)>> m_commands;
     QStringList m_symbolFonts;
     bool m_bGungseo = false;
+    CDlgPageOverview* m_pOverview = nullptr;
 };
 
 }  // namespace orv

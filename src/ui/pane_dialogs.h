@@ -2,7 +2,7 @@
 // The dialogs shown in the docking panes of editing. Their contents grow with
 // the features that fill them; for now each is an empty surface of its own
 // class so that the panes, their titles and their sizes are in place. The
-// panes of play mode are in play_dlg.h.
+// panes of play mode are in play_dlg.h, the page thumbnails in preview_dlg.h.
 
 #include <QWidget>
 
@@ -12,12 +12,6 @@ class CPaneDialog : public QWidget {
     Q_OBJECT
 public:
     using QWidget::QWidget;
-};
-
-class CPreviewDlg : public CPaneDialog {  // "Slide": page thumbnails
-    Q_OBJECT
-public:
-    using CPaneDialog::CPaneDialog;
 };
 
 class CTextDlg : public CPaneDialog {  // "Outline": the pages' text

@@ -145,8 +145,9 @@ void CMainFrame::AddRibbonHandlers() {
     m_commands[CMD_INSERT_BACKGROUND] = [this](int) {
         InsertPictureFile(CMD_INSERT_BACKGROUND_FILE);
     };
-    m_commands[57636] = [this](int) { FindText(); };
-    m_commands[57642] = [this](int) { SelectAllObjects(); };
+    // Find and Select All are the canvas's, with their dialog and rules.
+    for (uint32_t id : {57636u, 57642u})
+        m_commands[id] = [this, id](int) { CanvasCommand(id); };
     m_commands[1312] = [this](int) {
         if (m_pRecentMenu) m_pRecentMenu->exec(QCursor::pos());
     };
@@ -242,37 +243,6 @@ void CMainFrame::ChooseRibbonColor() {
 
 void CMainFrame::OnRibbonCombo(uint32_t id, int index) {
     RunCommand(id, index);
-}
-
-// Searches the pages' text after the current page, round to it.
-void CMainFrame::FindText() {
-    CZevrantView* view = ActiveView();
-    if (!view) return;
-    bool ok = false;
-    const QString what =
-        QInputDialog::getText(this, tr("Find"), tr("Find what:"), QLineEdit::Normal, {}, &ok);
-    if (!ok || what.isEmpty()) return;
-    CProjectManager& project = view->Document()->Project();
-    const int count = project.PageCount();
-    for (int step = 1; step <= count; ++step) {
-        const int index = (project.m_nCurPage + step) % count;
-        if (project.GetPage(index)->m_strPageText.contains(what, Qt::CaseInsensitive)) {
-            view->ProjectCommand(CMD_GO_TO_PAGE, &index);
-            return;
-        }
-    }
-    QMessageBox::information(this, windowTitle(), tr("Cannot find the string '%1'.").arg(what));
-}
-
-void CMainFrame::SelectAllObjects() {
-    CZevrantView* view = ActiveView();
-    CPageManager* page = view ? view->Page() : nullptr;
-    if (!page) return;
-    view->EndTextEdit();
-    for (const auto& o : page->Objects())
-        if (!page->IsSelected(o.get())) page->Select(o.get());
-    page->DrawHandles();
-    page->Repaint();
 }
 
 bool CMainFrame::IsCommandEnabled(uint32_t id) const {

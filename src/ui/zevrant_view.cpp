@@ -79,7 +79,9 @@ int CZevrantView::ProjectCommand(uint32_t id, const void* arg) {
 }
 
 void CZevrantView::ShowPageStatus() {
-    if (m_pFrame && m_pDoc) m_pFrame->SetStatusPane(4, m_pDoc->Project().PageStatus());
+    if (!m_pFrame || !m_pDoc) return;
+    m_pFrame->SetStatusPane(4, m_pDoc->Project().PageStatus());
+    m_pFrame->RefreshPagePanes();
 }
 
 void CZevrantView::OnHotKey(const UstKeyInfo& key) {

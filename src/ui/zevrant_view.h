@@ -61,6 +61,13 @@ public:
     // The animation's commands, over a selected animation.
     void AnimationMenu(const QPoint& window);
 
+    // The canvas's own commands by number: the text and select modes, pages
+    // before and after, the end of an edit, the next and previous object,
+    // select all, order and alignment, blink and typing on the selection. Nonzero when something
+    // was done; the page decides whether each is enabled, and nothing runs in automatic play out.
+    int CanvasCommand(uint32_t id);
+    bool CanvasCommandEnabled(uint32_t id) const;
+
     // A play key that reached the canvas in edit state.
     void OnHotKey(const UstKeyInfo& key);
 

@@ -251,5 +251,52 @@ TEST_F(ProjectCommands, MasterAttributesReachTheSelectedPagesAsOneUndo) {
     EXPECT_EQ(project.UndoLog().UndoCount(), undo);
 }
 
+TEST_F(ProjectCommands, MovedPagesGoAsOneBlockAndComeBackWithOneUndo) {
+    // Pages a b c d; d is current; b joins the set. Both go to the head.
+    std::vector<CPageManager*> p;
+    for (int i = 0; i < 4; ++i)
+        p.push_back(project.GetPage(i));
+    Command(CMD_ADD_PAGE_TO_SELECTION, 1);
+    const size_t undo = project.UndoLog().UndoCount();
+    ASSERT_EQ(Command(CMD_MOVE_PAGES, 0), 1);
+    const std::vector<CPageManager*> moved = {p[1], p[3], p[0], p[2]};
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(project.GetPage(i), moved[static_cast<size_t>(i)]) << i;
+    EXPECT_EQ(project.m_nCurPage, 1);
+    EXPECT_EQ(project.GetCurPage(), p[3]);
+    EXPECT_EQ(project.m_aSelPages, std::vector<int>{0});
+    EXPECT_EQ(project.UndoLog().UndoCount(), undo + 1);
+    EXPECT_EQ(project.m_bModified, 1);
+    project.Undo();
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(project.GetPage(i), p[static_cast<size_t>(i)]) << i;
+    EXPECT_EQ(project.m_nCurPage, 3);
+    EXPECT_EQ(project.m_aSelPages, std::vector<int>{1});
+    project.Redo();
+    EXPECT_EQ(project.GetPage(0), p[1]);
+    EXPECT_EQ(project.GetPage(3), p[2]);
+}
+
+TEST_F(ProjectCommands, AMoveToTheEndOrToWhereTheBlockStandsOrOnAir) {
+    std::vector<CPageManager*> p;
+    for (int i = 0; i < 4; ++i)
+        p.push_back(project.GetPage(i));
+    Command(CMD_GO_TO_PAGE, 1);
+    const size_t undo = project.UndoLog().UndoCount();
+    // Before itself or just behind itself: nothing changes, nothing recorded.
+    EXPECT_EQ(Command(CMD_MOVE_PAGES, 1), 0);
+    EXPECT_EQ(Command(CMD_MOVE_PAGES, 2), 0);
+    EXPECT_EQ(Command(CMD_MOVE_PAGES, 5), 0);
+    EXPECT_EQ(Command(CMD_MOVE_PAGES, -1), 0);
+    EXPECT_EQ(project.UndoLog().UndoCount(), undo);
+    ASSERT_EQ(Command(CMD_MOVE_PAGES, 4), 1);
+    EXPECT_EQ(project.GetPage(3), p[1]);
+    EXPECT_EQ(project.GetPage(1), p[2]);
+    EXPECT_EQ(project.m_nCurPage, 3);
+    host.state = 1;
+    EXPECT_EQ(Command(CMD_MOVE_PAGES, 0), 0);
+    EXPECT_EQ(project.GetPage(3), p[1]);
+}
+
 }  // namespace
 }  // namespace orv

@@ -321,7 +321,7 @@ TEST_F(RibbonTest, MenuBarKeepsFileAndHelpTheRestOpensFromTheCanvas) {
     QStringList bar;
     for (QAction* menu : frame->menuBar()->actions())
         bar << menu->text();
-    EXPECT_EQ(bar, (QStringList{"&File", "&Help"}));
+    EXPECT_EQ(bar, (QStringList{"&File", "&View", "&Help"}));
     QStringList file;
     for (QAction* a : frame->findChild<QMenu*>("FileMenu")->actions())
         file << a->objectName();
