@@ -26,9 +26,9 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS
 # come with Qt's translations.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "libreoffice-impress-nogui | libreoffice-impress, qt6-image-formats-plugins, qt6-translations-l10n")
+# CPack puts the summary in front as the synopsis line.
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "${CPACK_PACKAGE_DESCRIPTION_SUMMARY}
-An editor and a headless command-line tool for on-air titles: lower thirds,
+    "An editor and a headless command-line tool for on-air titles: lower thirds,
 credits that roll and crawl, clocks and counters, pictures and animations,
 composed as pages of a project and played to a video card as fill and key
 through 33 transitions, by hand or from an automatic list. Text files and

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Makes the Debian package (orvantis-hd_VERSION-1_ARCH.deb) from this checkout
-# in its own release build folder, and checks it with lintian.
+# in a build folder of its own, and checks it with lintian. The build type is
+# the everyday one, so that the compiler cache serves it; cpack strips the
+# programs.
 #   scripts/package.sh [OUTDIR]     (default: dist/)
 # ORV_PACKAGE_BUILD names the build folder (default: build-package).
 set -euo pipefail
@@ -16,7 +18,7 @@ if command -v ccache >/dev/null 2>&1; then
     launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_C_COMPILER_LAUNCHER=ccache)
 fi
 # Only what the package holds is built: not the tests, not the benchmarks.
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DORV_BENCH=OFF \
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORV_BENCH=OFF \
     -DCMAKE_SKIP_INSTALL_ALL_DEPENDENCY=ON "${launcher[@]}"
 cmake --build "$build" --parallel "$(nproc)" --target orvantis orvantis-cli orv_gzipped_docs
 mkdir -p "$out"
