@@ -6,6 +6,8 @@ set -euo pipefail
 build=$1
 version=$2
 work=$3
+make_samples=$4
+converter_package=$5
 source "$(dirname "$0")/checks.sh"
 rm -rf "$work"
 mkdir -p "$work"
@@ -34,4 +36,24 @@ ORVANTIS_HOME="$work/home3" LANG=ko_KR.UTF-8 QT_QPA_PLATFORM=offscreen \
     timeout 3 "$prefix/bin/orvantis" >"$work/editor3.log" 2>&1 || status=$?
 grep -q "no translations in $prefix/share/orvantis-hd/translations" "$work/editor3.log" ||
     fail "a missing translation went unsaid: $(cat "$work/editor3.log")"
+
+# With no GStreamer plug-ins at all (so no card driver either) the editor
+# still comes up as an editor.
+GST_PLUGIN_SYSTEM_PATH_1_0="$work/none" GST_PLUGIN_PATH_1_0="" \
+    GST_REGISTRY_1_0="$work/registry.bin" editor_starts "$prefix/bin/orvantis" "$work/home4" \
+    "$work/editor4.log"
+
+# Without LibreOffice (no soffice on the PATH) slide import names the package
+# that the Debian package recommends, and leaves the project as it was.
+"$make_samples" "$work/samples" >/dev/null
+project="$work/samples/pages/project.qrdprj"
+cp "$project" "$work/kept.qrdprj"
+printf 'PK\003\004' >"$work/slides.pptx"
+status=0
+PATH=/nonexistent "$prefix/bin/orvantis-cli" import-slides "$project" "$work/slides.pptx" \
+    >/dev/null 2>"$work/slides.err" || status=$?
+[ "$status" -eq 1 ] || fail "import-slides without LibreOffice exited $status"
+grep -q "LibreOffice is not installed; install the package $converter_package" "$work/slides.err" ||
+    fail "the message does not name $converter_package: $(cat "$work/slides.err")"
+cmp -s "$project" "$work/kept.qrdprj" || fail "a failed slide import changed the project"
 echo "installed layout: all checks passed"
