@@ -36,6 +36,7 @@ ORVANTIS_HOME="$work/home3" LANG=ko_KR.UTF-8 QT_QPA_PLATFORM=offscreen \
     timeout 3 "$prefix/bin/orvantis" >"$work/editor3.log" 2>&1 || status=$?
 grep -q "no translations in $prefix/share/orvantis-hd/translations" "$work/editor3.log" ||
     fail "a missing translation went unsaid: $(cat "$work/editor3.log")"
+mv "$work/moved" "$prefix/share/orvantis-hd"
 
 # With no GStreamer plug-ins at all (so no card driver either) the editor
 # still comes up as an editor.
