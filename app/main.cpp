@@ -16,6 +16,7 @@ bool ReadCommandLine(const QStringList& arguments, orv::UstBoardOptions& options
     QCommandLineParser parser;
     parser.setApplicationDescription("Orvantis-HD, the broadcast character generator.");
     parser.addHelpOption();
+    parser.addVersionOption();
     parser.addOptions({
         {"output", "Where frames go: card, null, monitor, file:PATH.mkv or srt://HOST:PORT.",
          "output"},
@@ -44,6 +45,7 @@ bool ReadCommandLine(const QStringList& arguments, orv::UstBoardOptions& options
 
 int main(int argc, char** argv) {
     QApplication qapp(argc, argv);
+    QApplication::setApplicationVersion(orv::VERSION_TEXT);
     orv::UstBoardOptions options;
     QStringList projects;
     if (!ReadCommandLine(QApplication::arguments(), options, projects)) return 2;

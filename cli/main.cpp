@@ -8,6 +8,7 @@
 #include "import_commands.h"
 #include "media/avi_player.h"
 #include "media_commands.h"
+#include "orv_version.h"
 #include "output_commands.h"
 #include "play_command.h"
 #include "project_commands.h"
@@ -187,7 +188,7 @@ int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "play") == 0) return orv::cli::PlayProject(argc, argv);
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--version") == 0) {
-            std::printf("orvantis-cli 1.62\n");
+            std::printf("orvantis-cli %s\n", orv::VERSION_TEXT);
             return 0;
         }
         if (std::strcmp(argv[i], "--help") != 0 && std::strcmp(argv[i], "-h") != 0) {

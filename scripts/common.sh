@@ -14,6 +14,7 @@ ORV_PACKAGES=(
     gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-plugins-ugly
     gstreamer1.0-libav
     libpoppler-qt6-dev libreoffice-impress-nogui
+    appstream desktop-file-utils shared-mime-info man-db
 )
 
 orv_as_root() {

@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <system_error>
 
+#include "orv_version.h"
+
 namespace fs = std::filesystem;
 
 namespace orv {
@@ -47,9 +49,14 @@ UstFolderInputs FolderInputsFromEnvironment() {
     return {GetEnv("HOME"), GetEnv("XDG_DATA_HOME"), GetEnv("ORVANTIS_HOME")};
 }
 
+fs::path DataFolderFor(const fs::path& programFolder) {
+    return (programFolder / DATA_FROM_PROGRAM).lexically_normal();
+}
+
 UstFolders ResolveFolders(const UstFolderInputs& in, const fs::path& programFolder) {
     UstFolders f;
     f.programFolder = programFolder;
+    f.dataFolder = DataFolderFor(programFolder);
     fs::path home = in.orvantisHome.empty() ? fs::path(in.home) : fs::path(in.orvantisHome);
     if (home.empty()) home = fs::temp_directory_path();
     fs::path data = (!in.orvantisHome.empty() || in.xdgDataHome.empty()) ? home / ".local" / "share"

@@ -9,6 +9,7 @@ namespace orv {
 
 struct UstFolders {
     std::filesystem::path programFolder;     // folder of the program file
+    std::filesystem::path dataFolder;        // the program's own data, read only
     std::filesystem::path sharedDataFolder;  // .../Tavrix/
     std::filesystem::path settingsFolder;    // .../Tavrix/Orvantis-HD/
     std::filesystem::path projectsFolder;    // ~/Documents/Orvantis-HD Projects/
@@ -19,6 +20,7 @@ struct UstFolders {
     std::filesystem::path DataIni() const { return settingsFolder / "qrddata.ini"; }
     std::filesystem::path ProjectIni() const { return settingsFolder / "qrdproject.ini"; }
     std::filesystem::path BoardIni() const { return settingsFolder / "board.ini"; }
+    std::filesystem::path TranslationsFolder() const { return dataFolder / "translations"; }
 };
 
 // What the folders are formed from. ORVANTIS_HOME, when set, replaces the
@@ -31,6 +33,11 @@ struct UstFolderInputs {
 
 UstFolderInputs FolderInputsFromEnvironment();
 UstFolders ResolveFolders(const UstFolderInputs& in, const std::filesystem::path& programFolder);
+
+// The data folder of a program in programFolder: <prefix>/share/orvantis-hd
+// beside <prefix>/bin when installed, build/share/orvantis-hd beside
+// build/app in the build folder. Relative, so a moved prefix still works.
+std::filesystem::path DataFolderFor(const std::filesystem::path& programFolder);
 
 // Creates what is missing, in the fixed order: shared data folder, settings
 // folder, the STYLE folders, the three empty style lists, the projects

@@ -32,6 +32,7 @@ EStartResult CZevrantApp::InitInstance(IAppHost& host, const std::filesystem::pa
                                        const std::filesystem::path& lockFile) {
     QCoreApplication::setApplicationName(APP_NAME);
     QCoreApplication::setOrganizationName(MAKER_NAME);
+    QCoreApplication::setApplicationVersion(VERSION_TEXT);
     m_pLock = std::make_unique<CInstanceLock>();
     if (!m_pLock->Acquire(lockFile.empty() ? CInstanceLock::DefaultPath() : lockFile) &&
         m_pLock->AlreadyRunning()) {

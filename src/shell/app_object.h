@@ -11,6 +11,7 @@
 #include <QString>
 
 #include "board/hd_extreme.h"
+#include "orv_version.h"
 #include "project/folders.h"
 
 class QTranslator;
@@ -21,7 +22,7 @@ class CInstanceLock;
 
 inline constexpr const char* APP_NAME = "Orvantis-HD";
 inline constexpr const char* MAKER_NAME = "Tavrix";
-inline constexpr double APP_VERSION = 1.62;
+inline constexpr double APP_VERSION = VERSION_MAJOR + VERSION_MINOR / 100.0;
 
 struct UstAspect {
     double fHorz = 1.0, fVert = 1.0;

@@ -203,7 +203,8 @@ constexpr UstCommand COMMANDS[] = {
     {8107, 4034, K::GALLERY, R::EFFECT, "Transition effects\nEffect", "효과", ""},
     {782, 4030, K::EDIT, R::SCROLL, "Repeat count of the scroll\nRepeat", "반복", "", 0, 9000},
     {783, 4030, K::EDIT, R::SCROLL, "Delay of the scroll\nDelay", "지연", "", 0, 9000},
-    {777, 4026, K::TOGGLE, R::PROJECT, "Play Mode\nPlay Mode", "재생 모드", "media-playback-start"},
+    {777, 4026, K::TOGGLE, R::PROJECT, "Play Mode\nPlay Mode", "재생 모드", "media-playback-start",
+     0, 0, 0, 0, "F5"},
     {1312, 4026, K::BUTTON, R::PROJECT, "Switch to a recent project\nSwitch Project",
      "프로젝트 전환", "document-open-recent"},
     // The frame's own, without a control on a group: tab switches and master

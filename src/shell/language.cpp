@@ -21,12 +21,13 @@ uint16_t ChooseLanguage(const std::filesystem::path& envIni, const QLocale& syst
     return LanguageFromLocale(system);
 }
 
-bool InstallTranslation(uint16_t language, QTranslator& translator, QTranslator& toolkit) {
+bool InstallTranslation(uint16_t language, const QString& folder, QTranslator& translator,
+                        QTranslator& toolkit) {
     if (language == LANG_KOREAN &&
         toolkit.load("qtbase_ko", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&toolkit);
     const QString name = language == LANG_KOREAN ? "orvantis_ko" : "orvantis_en";
-    if (!translator.load(name, ":/i18n")) return false;
+    if (!translator.load(name, folder)) return false;
     return QCoreApplication::installTranslator(&translator);
 }
 

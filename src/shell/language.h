@@ -5,6 +5,7 @@
 #include <filesystem>
 
 class QLocale;
+class QString;
 class QTranslator;
 
 namespace orv {
@@ -16,8 +17,10 @@ uint16_t LanguageFromLocale(const QLocale& locale);
 // cannot be read.
 uint16_t ChooseLanguage(const std::filesystem::path& envIni, const QLocale& system);
 
-// Loads the matching translation into translator and installs it; the
-// toolkit's own texts (standard buttons, file dialogs) go into toolkit.
-bool InstallTranslation(uint16_t language, QTranslator& translator, QTranslator& toolkit);
+// Loads the matching translation from folder (orvantis_en.qm,
+// orvantis_ko.qm) into translator and installs it; the toolkit's own texts
+// (standard buttons, file dialogs) go into toolkit.
+bool InstallTranslation(uint16_t language, const QString& folder, QTranslator& translator,
+                        QTranslator& toolkit);
 
 }  // namespace orv

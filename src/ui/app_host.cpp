@@ -5,6 +5,8 @@
 #include <QMessageBox>
 #include <QSettings>
 
+#include <cstdio>
+
 #include "project/project_store.h"
 #include "shell/key_routing.h"
 #include "shell/language.h"
@@ -33,7 +35,10 @@ bool CAppHost::InitToolkit() {
 
 void CAppHost::ApplyLanguage(uint16_t language) {
     m_nLanguage = language;
-    InstallTranslation(language, m_translator, m_toolkitTranslator);
+    const auto folder = m_app.Folders().TranslationsFolder();
+    if (!InstallTranslation(language, QString::fromStdString(folder.string()), m_translator,
+                            m_toolkitTranslator))
+        std::fprintf(stderr, "orvantis: no translations in %s\n", folder.c_str());
 }
 
 bool CAppHost::CreateMainFrame() {

@@ -300,9 +300,9 @@ void CMainFrame::RestoreInterfaceState() {
     if (in.status() == QDataStream::Ok && m_pRibbon) m_pRibbon->RestoreState(ribbon);
 }
 
-// A style sheet beside the program, when there is one, restyles the editor.
+// A style sheet in the program's data, when there is one, restyles the editor.
 void CMainFrame::LoadSkin() {
-    QFile skin(QString::fromStdString((m_folders.programFolder / "qrd.uistyles").string()));
+    QFile skin(QString::fromStdString((m_folders.dataFolder / "qrd.uistyles").string()));
     if (skin.open(QIODevice::ReadOnly)) setStyleSheet(QString::fromUtf8(skin.readAll()));
 }
 

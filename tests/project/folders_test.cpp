@@ -22,6 +22,17 @@ TEST(Folders, FormedFromHomeOrTheOverride) {
     EXPECT_EQ(f.projectsFolder, fs::path("/tmp/t/Documents/Orvantis-HD Projects"));
 }
 
+// The same relative step serves the installed program, a moved prefix and the
+// build folder, whose programs sit in app/ and cli/.
+TEST(Folders, TheProgramsDataLiesBesideItsBinFolder) {
+    EXPECT_EQ(ResolveFolders({"/home/ann", "", ""}, "/usr/bin").dataFolder,
+              fs::path("/usr/share/orvantis-hd"));
+    EXPECT_EQ(DataFolderFor("/opt/station/bin"), fs::path("/opt/station/share/orvantis-hd"));
+    EXPECT_EQ(DataFolderFor("/src/build/cli"), fs::path("/src/build/share/orvantis-hd"));
+    EXPECT_EQ(ResolveFolders({"/home/ann", "", ""}, "/usr/bin").TranslationsFolder(),
+              fs::path("/usr/share/orvantis-hd/translations"));
+}
+
 TEST(Folders, CreatedInOrderWithEmptyStyleLists) {
     QTemporaryDir dir;
     const fs::path home = dir.path().toStdString();

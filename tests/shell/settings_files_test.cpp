@@ -110,12 +110,12 @@ TEST(Language, TheChosenTranslationIsInstalled) {
     const char* frame = "orv::CMainFrame";
     {
         QTranslator translator, toolkit;
-        ASSERT_TRUE(InstallTranslation(18, translator, toolkit));
+        ASSERT_TRUE(InstallTranslation(18, ":/i18n", translator, toolkit));
         EXPECT_EQ(QCoreApplication::translate(frame, "Initializing..."),
                   QString::fromUtf8("초기화 중..."));
     }  // a translator leaves the application when it goes
     QTranslator translator, toolkit;
-    ASSERT_TRUE(InstallTranslation(9, translator, toolkit));
+    ASSERT_TRUE(InstallTranslation(9, ":/i18n", translator, toolkit));
     EXPECT_EQ(QCoreApplication::translate(frame, "Initializing..."), "Initializing...");
 }
 
@@ -129,13 +129,13 @@ TEST(Language, ClocksNameDaysAndHalvesInTheInterfacesLanguage) {
     const UstTCSetting date{1, 0, 6, 0, 0, 0}, evening{1, 0, 1, 0, 0, 0};
     {
         QTranslator translator, toolkit;
-        ASSERT_TRUE(InstallTranslation(18, translator, toolkit));
+        ASSERT_TRUE(InstallTranslation(18, ":/i18n", translator, toolkit));
         const UstClockNames names = InterfaceClockNames();
         EXPECT_EQ(FormatClock(date, saturday, names), QString::fromUtf8("11.15(토)"));
         EXPECT_EQ(FormatClock(evening, saturday, names), QString::fromUtf8("9:00 오후"));
     }
     QTranslator translator, toolkit;
-    ASSERT_TRUE(InstallTranslation(9, translator, toolkit));
+    ASSERT_TRUE(InstallTranslation(9, ":/i18n", translator, toolkit));
     EXPECT_EQ(FormatClock(date, saturday, InterfaceClockNames()), "11.15(Saturday)");
     EXPECT_EQ(FormatClock(evening, saturday, InterfaceClockNames()), "9:00 PM");
 }
