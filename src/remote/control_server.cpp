@@ -1,0 +1,106 @@
+#include "remote/control_server.h"
+
+#include <QMetaObject>
+#include <QTcpServer>
+#include <QThread>
+
+#include "remote/http_listener.h"
+#include "remote/line_listener.h"
+
+namespace orv {
+
+// The same time for a wrong token of any length or likeness.
+bool SameToken(const QByteArray& given, const QByteArray& token) {
+    if (token.isEmpty()) return false;
+    unsigned diff = static_cast<unsigned>(given.size() != token.size());
+    for (qsizetype i = 0; i < given.size(); ++i)
+        diff |= static_cast<unsigned char>(given[i]) ^
+                static_cast<unsigned char>(token[i % token.size()]);
+    return diff == 0;
+}
+
+bool ListenOn(QTcpServer& server, const QHostAddress& address, quint16 port, QString& error) {
+    if (server.listen(address, port)) return true;
+    error = QStringLiteral("cannot listen on %1:%2: %3")
+                .arg(address.toString())
+                .arg(port)
+                .arg(server.errorString());
+    return false;
+}
+
+bool CheckControlOptions(const UstControlOptions& options, QString& error) {
+    if (!options.address.isLoopback() && options.strToken.isEmpty()) {
+        error = QStringLiteral("a token is needed to listen on %1").arg(options.address.toString());
+        return false;
+    }
+    if (options.nMaxClients < 1 || options.nIdleMs < 1) {
+        error = QStringLiteral("the client limit and the idle time must be positive");
+        return false;
+    }
+    return true;
+}
+
+CControlServer::CControlServer(CControlCore& core) : m_core(core) {}
+
+CControlServer::~CControlServer() {
+    Stop();
+}
+
+bool CControlServer::Start(const UstControlOptions& options, QString& error) {
+    if (m_pThread) return true;
+    if (!CheckControlOptions(options, error)) return false;
+    m_pThread = new QThread;
+    m_pThread->setObjectName(QStringLiteral("control server"));
+    m_pListener = new CLineListener(m_core, options);
+    m_pListener->moveToThread(m_pThread);
+    QObject::connect(m_pThread, &QThread::finished, m_pListener, &QObject::deleteLater);
+    if (options.bHttp) {
+        m_pHttp = new CHttpListener(m_core, options);
+        m_pHttp->moveToThread(m_pThread);
+        QObject::connect(m_pThread, &QThread::finished, m_pHttp, &QObject::deleteLater);
+    }
+    m_pThread->start();
+    bool listening = false;
+    QString message;
+    QMetaObject::invokeMethod(
+        m_pListener,
+        [&] {
+            listening = m_pListener->Listen(message) && (!m_pHttp || m_pHttp->Listen(message));
+            m_nPort.store(listening ? m_pListener->Port() : 0);
+            m_nHttpPort.store(listening && m_pHttp ? m_pHttp->Port() : 0);
+        },
+        Qt::BlockingQueuedConnection);
+    if (!listening) {
+        error = message;
+        Stop();
+        return false;
+    }
+    // Events cross to the server's thread by its queue: the engine's thread
+    // that tells them never waits for a client.
+    CHttpListener* http = m_pHttp;
+    if (http)
+        m_core.SetEventSink([http](const std::string& json) {
+            QMetaObject::invokeMethod(
+                http, [http, json] { http->Broadcast(json); }, Qt::QueuedConnection);
+        });
+    return true;
+}
+
+void CControlServer::Stop() {
+    if (!m_pThread) return;
+    m_core.SetEventSink(nullptr);
+    m_pThread->quit();
+    m_pThread->wait();
+    delete m_pThread;
+    m_pThread = nullptr;
+    m_pListener = nullptr;
+    m_pHttp = nullptr;
+    m_nPort.store(0);
+    m_nHttpPort.store(0);
+}
+
+int CControlServer::ClientCount() const {
+    return (m_pListener ? m_pListener->ClientCount() : 0) + (m_pHttp ? m_pHttp->ClientCount() : 0);
+}
+
+}  // namespace orv
