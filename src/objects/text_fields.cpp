@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "objects/text_object.h"
+#include "render/fixed_string.h"
+#include "render/font_service.h"
 
 namespace orv {
 
@@ -74,6 +76,15 @@ std::vector<UstCharAttr> FillFields(const std::vector<UstCharAttr>& chars,
             UstCharAttr c = look;
             c.nChar = code == '\n' ? CHAR_LINE_END : static_cast<uint32_t>(code);
             if (c.nChar < 32 && c.nChar != CHAR_LINE_END) continue;
+            // As typing does: a face without the character gives way to the
+            // nearest family that has it, so a Korean name in a Latin look
+            // shows its syllables and not boxes.
+            if (!IsBlankChar(c.nChar)) {
+                const QString face = FixedToQString(&c.font.szFace);
+                const QString covering = CoveringFamily(face, code);
+                if (!covering.isEmpty() && covering != face)
+                    QStringToFixed(covering, &c.font.szFace);
+            }
             out.push_back(c);
         }
     }
@@ -89,12 +100,11 @@ std::unique_ptr<CQRDObjectText> CQRDObjectText::FilledCopy(const FieldValues& va
     copy->m_effect = m_effect;
     copy->m_attr = m_attr;
     copy->m_strName = m_strName;
-    copy->m_fStoreX = m_fStoreX;
-    copy->m_fStoreY = m_fStoreY;
     copy->m_arrChar = FillFields(m_arrChar, values);
     copy->MeasureAll();
     copy->Attach(m_pPage);
-    copy->OnZoom();
+    // After the page: the view's position is made from the stored one.
+    copy->SetOrigin(m_fStoreX, m_fStoreY);
     return copy;
 }
 

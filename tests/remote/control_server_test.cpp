@@ -50,10 +50,11 @@ TEST(ControlServer, AddThenPlayStopAndClear) {
     EXPECT_EQ(client.Ask("CG 1 PLAY"), "202 PLAY OK");
     ASSERT_TRUE(rig.Settle({PLAY_ON, 0}));
     EXPECT_EQ(rig.Air(), rig.Typed(QStringLiteral("Page two")));
-    // The page has an out effect: STOP plays it, and the air empties.
+    // The page has an out effect: STOP plays it, and the page has gone.
     EXPECT_EQ(client.Ask("CG 1 STOP"), "202 STOP OK");
     ASSERT_TRUE(rig.Settle({PLAY_GONE, 1}));
-    EXPECT_TRUE(rig.AirIs(0u));
+    EXPECT_EQ(rig.engine->PageOnAir(), nullptr);
+    EXPECT_EQ(rig.engine->State(), PLAY_IDLE);
     EXPECT_EQ(client.Ask("CG 1 NEXT"), "202 NEXT OK");
     ASSERT_TRUE(rig.Settle({PLAY_ON, 0}, 2));
     EXPECT_FALSE(rig.AirIs(0u));

@@ -96,7 +96,7 @@ TEST(ApiRequest, RoutesAndBodies) {
 }
 
 TEST(WebSocket, TheRfcExamples) {
-    EXPECT_EQ(WebSocketAccept("dGhlIHNhbXBsZSBub25jZQ=="), "s3pPLMBiTxaQ9kYGJRbzCoo+xK0=");
+    EXPECT_EQ(WebSocketAccept("dGhlIHNhbXBsZSBub25jZQ=="), "s3pPLMBiTxaQ9kYGzzhZRbK+xOo=");
     EXPECT_EQ(WebSocketFrame(WS_TEXT, "Hello"), std::string("\x81\x05Hello"));
     const std::string long126 = WebSocketFrame(WS_TEXT, std::string(256, 'x'));
     EXPECT_EQ(long126.substr(0, 4), std::string("\x81\x7e\x01\x00", 4));
@@ -232,7 +232,7 @@ TEST(HttpApi, EventsReachAWebSocketClient) {
     EXPECT_EQ(events.ReadLine(), "HTTP/1.1 101 Switching Protocols");
     bool accepted = false;
     for (std::string line = events.ReadLine(); !line.empty(); line = events.ReadLine())
-        accepted = accepted || line == "Sec-WebSocket-Accept: s3pPLMBiTxaQ9kYGJRbzCoo+xK0=";
+        accepted = accepted || line == "Sec-WebSocket-Accept: s3pPLMBiTxaQ9kYGzzhZRbK+xOo=";
     EXPECT_TRUE(accepted);
 
     test::CLineClient control(rig.server.LinePort());
