@@ -41,7 +41,7 @@ int Usage(const std::string& why) {
                  "orvantis-cli transition --roll: %s\n"
                  "usage: orvantis-cli transition PROJECT PAGE --roll [--speed S] [--repeat N] "
                  "[--delay SECONDS] [--faster FRAME]... [--slower FRAME]... [--mode MODE] "
-                 "[--sheet OUT.png] [--output SPEC]\n",
+                 "[--sheet OUT.png] [--output DEST]\n",
                  why.c_str());
     return 2;
 }
@@ -79,7 +79,7 @@ std::string ReadArgs(int argc, char** argv, UstRollArgs& a) {
         const std::string error = ReadOption(arg.substr(2), argv[++i], a);
         if (!error.empty()) return error;
     }
-    if (a.strSheet.empty() && !a.board.output) return "give --sheet OUT.png or --output SPEC";
+    if (a.strSheet.empty() && !a.board.output) return "give --sheet OUT.png or --output DEST";
     return "";
 }
 

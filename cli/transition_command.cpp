@@ -42,7 +42,7 @@ int Usage(const std::string& why) {
     std::fprintf(stderr,
                  "orvantis-cli transition: %s\n"
                  "usage: orvantis-cli transition PROJECT PAGE --in N --out M [--speed S] "
-                 "[--fade] [--hold FRAMES] [--mode MODE] [--sheet OUT.png] [--output SPEC]\n",
+                 "[--fade] [--hold FRAMES] [--mode MODE] [--sheet OUT.png] [--output DEST]\n",
                  why.c_str());
     return 2;
 }
@@ -83,7 +83,7 @@ std::string ReadArgs(int argc, char** argv, UstTransitionArgs& a) {
         if (!error.empty()) return error;
     }
     if (a.nIn < 0 || a.nOut < 0) return "--in and --out are needed";
-    if (a.strSheet.empty() && !a.board.output) return "give --sheet OUT.png or --output SPEC";
+    if (a.strSheet.empty() && !a.board.output) return "give --sheet OUT.png or --output DEST";
     return "";
 }
 

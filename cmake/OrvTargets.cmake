@@ -5,6 +5,12 @@ function(orv_target_defaults target)
     target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS)
 endfunction()
 
+# Sources left out of the batches of the batched (unity) builds, each
+# compiled on its own.
+function(orv_compile_alone)
+    set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # orv_library(NAME SOURCES... [DEPS ...])
 function(orv_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPS" ${ARGN})

@@ -190,7 +190,9 @@ TEST(EngineThreads, RequestChangedDuringRunsEndsIdle) {
         while (!done) {
             StoreRequestWord(words, static_cast<int>(random() % REQ_WORDS),
                              static_cast<int>(random() % 40) - 2);
-            std::this_thread::yield();
+            // A pause rather than a yield: a writer that never sleeps can
+            // starve the engine for minutes on a loaded two-core machine.
+            std::this_thread::sleep_for(20us);
         }
     });
     for (int i = 0; i < 60; ++i) {

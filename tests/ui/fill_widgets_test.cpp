@@ -37,7 +37,6 @@ TEST(GradientDialog, StopsGoInAndComeBackWithTheirAlpha) {
         EXPECT_EQ(back.clrStop[i], ThreeStops().clrStop[i]) << i;
     EXPECT_EQ(back.nAngle, 45);
     EXPECT_EQ(back.nGradientKind, 1u);
-    dlg.grab().save("gradient_dialog.png");  // for a person to look at
 }
 
 TEST(GradientDialog, DoubleClickAddsTheCurrentColourWithThePreviousAlpha) {
