@@ -29,6 +29,7 @@
 #include "objects/tc_object.h"
 #include "objects/text_object.h"
 #include "playout/effect_table.h"
+#include "project/page_manager.h"
 #include "remote/control_server.h"
 #include "remote/remote_play_host.h"
 
