@@ -76,25 +76,10 @@ std::string ReadPages(const std::string& value, UstPlayArgs& a) {
     return ok ? "" : "--pages takes A-B or A, pages counted from 1";
 }
 
-// "PORT", "ADDR:PORT" or "[V6ADDR]:PORT".
 std::string ReadControl(const std::string& value, UstPlayArgs& a) {
-    const size_t colon = value.rfind(':');
-    std::string host = colon == std::string::npos ? "127.0.0.1" : value.substr(0, colon);
-    const std::string port = colon == std::string::npos ? value : value.substr(colon + 1);
-    if (host.size() > 2 && host.front() == '[' && host.back() == ']')
-        host = host.substr(1, host.size() - 2);
-    int number = 0;
-    if (!ReadNumber(port, 1, 65534, number) ||
-        !a.control.address.setAddress(QString::fromStdString(host)))
-        return "--control takes PORT or ADDR:PORT";
-    a.control.nLinePort = static_cast<quint16>(number);
-    a.control.nHttpPort = static_cast<quint16>(number + 1);
-    a.control.strToken = qEnvironmentVariable("ORVANTIS_CONTROL_TOKEN");
-    a.bControl = true;
     QString error;
-    return CheckControlOptions(a.control, error)
-               ? ""
-               : error.toStdString() + " (set ORVANTIS_CONTROL_TOKEN)";
+    a.bControl = ReadControlArgument(QString::fromStdString(value), a.control, error);
+    return a.bControl ? "" : error.toStdString();
 }
 
 std::string ReadArgs(int argc, char** argv, UstPlayArgs& a) {

@@ -44,6 +44,31 @@ CControlCore::CControlCore(CPlayEngine& engine, QString projectName,
       m_pages(std::move(pages)),
       m_pList(list) {}
 
+void CControlCore::SetPages(QString projectName, std::vector<CPageManager*> pages) {
+    std::lock_guard lock(m_mutex);
+    std::lock_guard pagesLock(m_pagesMutex);
+    m_strProject = std::move(projectName);
+    m_pages = std::move(pages);
+    m_pLoaded = nullptr;
+}
+
+QString CControlCore::ProjectName() {
+    std::lock_guard lock(m_pagesMutex);
+    return m_strProject;
+}
+
+int CControlCore::PageCount() {
+    std::lock_guard lock(m_pagesMutex);
+    return static_cast<int>(m_pages.size());
+}
+
+void CControlCore::ForEachPage(
+    const std::function<void(int number, const CPageManager& page)>& visit) {
+    std::lock_guard lock(m_mutex);
+    for (size_t i = 0; i < m_pages.size(); ++i)
+        visit(static_cast<int>(i) + 1, *m_pages[i]);
+}
+
 UstReply CControlCore::Execute(const UstLineCommand& c) {
     FieldValues data;
     std::string error;
@@ -114,6 +139,7 @@ bool CControlCore::SetEnginePage(CPageManager* page) {
 }
 
 int CControlCore::PageNumber(const CPageManager* page) const {
+    std::lock_guard lock(m_pagesMutex);
     for (size_t i = 0; i < m_pages.size(); ++i)
         if (m_pages[i] == page) return static_cast<int>(i) + 1;
     return 0;

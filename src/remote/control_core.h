@@ -37,6 +37,10 @@ public:
 
     UstReply Execute(const UstLineCommand& command);
 
+    // Another set of pages, as when the editor enters or leaves play mode:
+    // returns once no command uses the old ones.
+    void SetPages(QString projectName, std::vector<CPageManager*> pages);
+
     // The typed calls, one per command. Pages are counted from 1.
     UstReply Take(const std::string& target, const FieldValues* data, bool play);
     UstReply Play();
@@ -54,8 +58,10 @@ public:
     UstReply Timers(const UstTimerControl& control);
 
     // What the status answers, from any thread.
-    QString ProjectName() const { return m_strProject; }
-    const std::vector<CPageManager*>& Pages() const { return m_pages; }
+    QString ProjectName();
+    int PageCount();
+    // Each page with its number, while no command can change the set.
+    void ForEachPage(const std::function<void(int number, const CPageManager& page)>& visit);
     int PageNumber(const CPageManager* page) const;
     int LoadedNumber();
     int OnAirNumber() const;
@@ -81,6 +87,9 @@ private:
     void TellData(const CPageManager* page);
 
     CPlayEngine& m_engine;
+    // Written under both mutexes; the engine's thread reads them under
+    // m_pagesMutex alone, as it may tell a state while a command waits.
+    mutable std::mutex m_pagesMutex;
     QString m_strProject;
     std::vector<CPageManager*> m_pages;
     UstPlayList* m_pList = nullptr;

@@ -28,6 +28,27 @@ bool ListenOn(QTcpServer& server, const QHostAddress& address, quint16 port, QSt
     return false;
 }
 
+bool ReadControlArgument(const QString& text, UstControlOptions& options, QString& error) {
+    const qsizetype colon = text.lastIndexOf(':');
+    QString host = colon < 0 ? QStringLiteral("127.0.0.1") : text.left(colon);
+    if (host.size() > 2 && host.startsWith('[') && host.endsWith(']'))
+        host = host.mid(1, host.size() - 2);
+    bool ok = false;
+    const int port = text.mid(colon + 1).toInt(&ok);
+    QHostAddress address;
+    if (!ok || port < 1 || port > 65534 || !address.setAddress(host)) {
+        error = QStringLiteral("--control takes PORT or ADDR:PORT");
+        return false;
+    }
+    options.address = address;
+    options.nLinePort = static_cast<quint16>(port);
+    options.nHttpPort = static_cast<quint16>(port + 1);
+    options.strToken = qEnvironmentVariable("ORVANTIS_CONTROL_TOKEN");
+    if (CheckControlOptions(options, error)) return true;
+    error += QStringLiteral(" (set ORVANTIS_CONTROL_TOKEN)");
+    return false;
+}
+
 bool CheckControlOptions(const UstControlOptions& options, QString& error) {
     if (!options.address.isLoopback() && options.strToken.isEmpty()) {
         error = QStringLiteral("a token is needed to listen on %1").arg(options.address.toString());

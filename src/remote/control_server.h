@@ -34,6 +34,10 @@ struct UstControlOptions {
     int nIdleMs = 120000;
 };
 
+// "PORT", "ADDR:PORT" or "[V6ADDR]:PORT" of --control: the line protocol on
+// PORT and HTTP on the one after, loopback unless an address is given. The
+// token comes from ORVANTIS_CONTROL_TOKEN, kept out of the process list.
+bool ReadControlArgument(const QString& text, UstControlOptions& options, QString& error);
 // Whether the options may be used: an address off loopback needs a token.
 bool CheckControlOptions(const UstControlOptions& options, QString& error);
 // Token comparison in a time that does not tell how much of it was right.

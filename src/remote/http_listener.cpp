@@ -41,14 +41,14 @@ UstApiResponse FromReply(const UstReply& reply) {
                              {QStringLiteral("message"), QString::fromStdString(reply.strText)}})};
 }
 
-QJsonObject PageJson(const CControlCore& core, const CPageManager& page) {
+QJsonObject PageJson(int number, const CPageManager& page) {
     QJsonArray fields;
     for (const QString& name : page.FieldNames())
         fields.append(name);
     QJsonObject data;
     for (const auto& [name, value] : page.m_data.Values())
         data.insert(name, value);
-    return {{QStringLiteral("page"), core.PageNumber(&page)},
+    return {{QStringLiteral("page"), number},
             {QStringLiteral("fields"), fields},
             {QStringLiteral("data"), data},
             {QStringLiteral("update"), page.m_data.UpdateMode() == DATA_UPDATE_RETAKE
@@ -61,19 +61,19 @@ QJsonObject PageJson(const CControlCore& core, const CPageManager& page) {
 UstApiResponse ExecuteApiCall(CControlCore& core, const UstApiCall& call) {
     switch (call.nCall) {
         case API_STATUS:
-            return {200,
-                    Json(QJsonObject{
-                        {QStringLiteral("project"), core.ProjectName()},
-                        {QStringLiteral("pages"), static_cast<int>(core.Pages().size())},
-                        {QStringLiteral("state"),
-                         QString::fromLatin1(RemoteStateName(core.StateNow()))},
-                        {QStringLiteral("loaded"), core.LoadedNumber()},
-                        {QStringLiteral("onAir"), core.OnAirNumber()},
-                        {QStringLiteral("version"), QString::fromLatin1(CControlCore::VERSION)}})};
+            return {200, Json(QJsonObject{{QStringLiteral("project"), core.ProjectName()},
+                                          {QStringLiteral("pages"), core.PageCount()},
+                                          {QStringLiteral("state"),
+                                           QString::fromLatin1(RemoteStateName(core.StateNow()))},
+                                          {QStringLiteral("loaded"), core.LoadedNumber()},
+                                          {QStringLiteral("onAir"), core.OnAirNumber()},
+                                          {QStringLiteral("version"),
+                                           QString::fromLatin1(CControlCore::VERSION)}})};
         case API_PAGES: {
             QJsonArray pages;
-            for (const CPageManager* page : core.Pages())
-                pages.append(PageJson(core, *page));
+            core.ForEachPage([&pages](int number, const CPageManager& page) {
+                pages.append(PageJson(number, page));
+            });
             return {200, Json(pages)};
         }
         case API_TAKE:

@@ -110,6 +110,47 @@ TEST(ControlServer, BadPagesAndPathsAreRefusedWithoutPlaying) {
     EXPECT_EQ(rig.log.Count(PLAY_IN), 0);
 }
 
+// The editor hands the core the pages of play mode and takes them back when
+// it leaves: a command after that finds none, and one loaded before is
+// forgotten rather than played from a page that may be deleted.
+TEST(ControlServer, PagesHandedOverAndTakenBack) {
+    UstServerRig rig;
+    CLineClient client(rig.server.LinePort());
+    EXPECT_EQ(client.Ask("CG 1 ADD 1 \"News/2\" 0"), "202 ADD OK");
+    rig.core.SetPages(QStringLiteral("Show"), {});
+    EXPECT_EQ(client.Ask("CG 1 PLAY").substr(0, 4), "500 ");
+    EXPECT_EQ(client.Ask("CG 1 ADD 1 \"Show/1\" 1").substr(0, 4), "404 ");
+    EXPECT_EQ(rig.core.PageCount(), 0);
+    rig.core.SetPages(QStringLiteral("Show"), {rig.pages[1].get()});
+    EXPECT_EQ(client.Ask("CG 1 ADD 1 \"News/1\" 1").substr(0, 4), "404 ");
+    EXPECT_EQ(client.Ask("CG 1 ADD 1 \"Show/1\" 1"), "202 ADD OK");
+    ASSERT_TRUE(rig.Settle({PLAY_ON, 0}));
+    EXPECT_EQ(rig.Air(), rig.Typed(QStringLiteral("Page two")));
+    EXPECT_EQ(rig.core.ProjectName(), QStringLiteral("Show"));
+}
+
+TEST(ControlServer, ControlArgumentsOfTheCommandLine) {
+    UstControlOptions o;
+    QString error;
+    ASSERT_TRUE(ReadControlArgument(QStringLiteral("6000"), o, error));
+    EXPECT_EQ(o.address, QHostAddress(QHostAddress::LocalHost));
+    EXPECT_EQ(o.nLinePort, 6000);
+    EXPECT_EQ(o.nHttpPort, 6001);
+    ASSERT_TRUE(ReadControlArgument(QStringLiteral("[::1]:65534"), o, error));
+    EXPECT_EQ(o.address, QHostAddress(QHostAddress::LocalHostIPv6));
+    EXPECT_EQ(o.nHttpPort, 65535);
+    // The HTTP face needs the next port; 0 would be any port at all.
+    for (const char* bad : {"65535", "0", "-1", "x", "127.0.0.1:", "nowhere:5250", ""})
+        EXPECT_FALSE(ReadControlArgument(QString::fromLatin1(bad), o, error)) << bad;
+    qunsetenv("ORVANTIS_CONTROL_TOKEN");
+    EXPECT_FALSE(ReadControlArgument(QStringLiteral("0.0.0.0:5250"), o, error));
+    EXPECT_TRUE(error.contains(QStringLiteral("ORVANTIS_CONTROL_TOKEN")));
+    qputenv("ORVANTIS_CONTROL_TOKEN", "s3cret");
+    EXPECT_TRUE(ReadControlArgument(QStringLiteral("0.0.0.0:5250"), o, error));
+    EXPECT_EQ(o.strToken, QStringLiteral("s3cret"));
+    qunsetenv("ORVANTIS_CONTROL_TOKEN");
+}
+
 TEST(ControlServer, LongLineIsRefusedAndItsConnectionClosed) {
     UstServerRig rig;
     CLineClient client(rig.server.LinePort());
