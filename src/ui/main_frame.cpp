@@ -27,6 +27,7 @@
 #include "shell/settings_files.h"
 #include "ui/auto_dlg.h"
 #include "ui/child_frame.h"
+#include "ui/control_tab.h"
 #include "ui/options_dialog.h"
 #include "ui/pane_dialogs.h"
 #include "ui/play_dlg.h"
@@ -72,6 +73,7 @@ CMainFrame::~CMainFrame() {
     // that dies keeps those of its last proper exit.
     delete m_pAutoPane;
     m_pAutoDlg = nullptr;
+    ControlEngineGone();
     m_pPlayEngine.reset();
     DetachBoard();
     m_PreviewImage.clear();
@@ -100,6 +102,7 @@ bool CMainFrame::OnCreate() {
     m_pSplash->SetStatus(tr("Initializing docking panes..."));
     CreatePanes();
     CreateStylesPane();
+    CreateDataPane();
     RestoreInterfaceState();
     LoadSkin();
     if (m_pBoard) {
@@ -445,7 +448,9 @@ void CMainFrame::OnTimer() {
 
 void CMainFrame::ShowOptions() {
     CDlgOptions dlg(m_Env, m_nLanguage, this);
+    CTabControl* control = dlg.AddControlTab(LoadControlSetting());
     if (dlg.exec() != QDialog::Accepted) return;
+    ApplyControlSetting(control->Copy());
     const auto exists = [](const QString& p) { return QFileInfo(p).isFile(); };
     const UstOptionsOutcome out = ApplyOptions(m_Env, dlg.ProgramCopy(), dlg.EditCopy(), exists);
     if (out.bEditRejected)

@@ -25,6 +25,10 @@ class QMenu;
 namespace orv {
 
 class CAutoDlg;
+class CDataPane;
+class CEditorControl;
+struct UstControlOptions;
+struct UstControlSetting;
 class CGBoard;
 class CPageManager;
 class CPlayCellList;
@@ -165,6 +169,13 @@ public:
     CStyleLibraries& Styles() { return *m_pStyles; }
     CStylesPane* StylesPane() const { return m_pStylesPane; }
 
+    // Live data and remote control.
+    CDataPane* DataPane() const { return m_pDataPane; }
+    CEditorControl* Control() const { return m_pControl.get(); }
+    void SetControlOverride(const UstControlOptions& options);
+    void ApplyControlSetting(const UstControlSetting& setting);
+    void OnPageDataChanged(CPageManager* page);
+
     int m_nPlayState = 0;
     bool m_bPageFocus = false;  // the page thumbnails hold the focus
     // The application's focus changes go on while the window is destroyed,
@@ -229,6 +240,14 @@ private:
     void LoadSkin();
     void RefreshViews();
     void CreateStylesPane();
+    void CreateDataPane();
+    // The engine's window side: this window, with the control server
+    // listening in.
+    IPlayHost* EngineHost();
+    void ControlEngineChanged();
+    void ControlEngineGone();
+    void ControlPagesChanged();
+    void ShowControlState();
     int ApplyTextStyle(const UstText& style);
     int ApplyShapeStyle(const UstShape& style);
     int ApplyObjectStyle(uint32_t id, const void* style, const UstAttr& attr,
@@ -265,6 +284,8 @@ private:
     QMenu* m_pPlayMenu = nullptr;
     std::unique_ptr<CStyleLibraries> m_pStyles;
     CStylesPane* m_pStylesPane = nullptr;
+    CDataPane* m_pDataPane = nullptr;
+    std::unique_ptr<CEditorControl> m_pControl;  // stops before the engine goes
     QAction* m_pPlayModeAction = nullptr;
 };
 
