@@ -13,7 +13,7 @@ flags=(-std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -fno-sanitize-recov
 cxx=(clang++)
 if command -v ccache >/dev/null 2>&1; then cxx=(ccache clang++); fi
 # shellcheck disable=SC2207
-qt=($(pkg-config --cflags Qt6Core))
+qt=($(pkg-config --cflags Qt6Core Qt6Gui))
 compile() {
     local source=$1
     local object="$out/obj/$(basename "${source%.cpp}").o"

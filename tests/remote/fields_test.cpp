@@ -56,9 +56,9 @@ TEST(Fields, FilledWithTheLookOfTheFirstBrace) {
     const std::vector<UstCharAttr> filled = FillFields(chars, values);
     // m has no value: it goes, and nothing of its braces stays.
     EXPECT_EQ(Text(filled), U"xab aby");
-    EXPECT_EQ(filled[1].clrFill, 0xFFFF0000u);
-    EXPECT_EQ(filled[2].clrFill, 0xFFFF0000u);
-    EXPECT_EQ(filled[4].clrFill, 0xFF000000u);
+    EXPECT_EQ(+filled[1].clrFill, 0xFFFF0000u);
+    EXPECT_EQ(+filled[2].clrFill, 0xFFFF0000u);
+    EXPECT_EQ(+filled[4].clrFill, 0xFF000000u);
     EXPECT_EQ(FieldNames(chars), (std::vector<QString>{QStringLiteral("n"), QStringLiteral("m")}));
 }
 
