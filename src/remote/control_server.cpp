@@ -1,8 +1,9 @@
 #include "remote/control_server.h"
 
-#include <QMetaObject>
 #include <QTcpServer>
 #include <QThread>
+
+#include <future>
 
 #include "remote/http_listener.h"
 #include "remote/line_listener.h"
@@ -80,30 +81,29 @@ bool CControlServer::Start(const UstControlOptions& options, QString& error) {
         m_pHttp->moveToThread(m_pThread);
         QObject::connect(m_pThread, &QThread::finished, m_pHttp, &QObject::deleteLater);
     }
-    m_pThread->start();
-    bool listening = false;
+    // The listeners start listening on their own thread as it starts; the
+    // answer comes back through a promise, which the thread checker can
+    // follow where it cannot follow Qt's queue.
+    std::promise<bool> ready;
     QString message;
-    QMetaObject::invokeMethod(
-        m_pListener,
-        [&] {
-            listening = m_pListener->Listen(message) && (!m_pHttp || m_pHttp->Listen(message));
-            m_nPort.store(listening ? m_pListener->Port() : 0);
-            m_nHttpPort.store(listening && m_pHttp ? m_pHttp->Port() : 0);
+    QObject::connect(
+        m_pThread, &QThread::started, m_pListener,
+        [this, &ready, &message] {
+            const bool ok = m_pListener->Listen(message) && (!m_pHttp || m_pHttp->Listen(message));
+            m_nPort.store(ok ? m_pListener->Port() : 0);
+            m_nHttpPort.store(ok && m_pHttp ? m_pHttp->Port() : 0);
+            ready.set_value(ok);
         },
-        Qt::BlockingQueuedConnection);
-    if (!listening) {
+        Qt::SingleShotConnection);
+    m_pThread->start();
+    if (!ready.get_future().get()) {
         error = message;
         Stop();
         return false;
     }
-    // Events cross to the server's thread by its queue: the engine's thread
-    // that tells them never waits for a client.
+    // The engine's thread that tells the events never waits for a client.
     CHttpListener* http = m_pHttp;
-    if (http)
-        m_core.SetEventSink([http](const std::string& json) {
-            QMetaObject::invokeMethod(
-                http, [http, json] { http->Broadcast(json); }, Qt::QueuedConnection);
-        });
+    if (http) m_core.SetEventSink([http](const std::string& json) { http->Post(json); });
     return true;
 }
 

@@ -172,6 +172,10 @@ void CHttpListener::OnReadyRead(QTcpSocket* socket) {
         if (!(client.bWebSocket ? ReadWebSocket(socket, client) : ReadRequests(socket, client)))
             return;
     }
+    // Out now, not at the next turn of the loop: a client that sent its
+    // request and closed its side would otherwise lose the answer, as Qt
+    // drops what waits to be written once it reads the end.
+    socket->flush();
 }
 
 // False when the connection is closing and the client's state may be gone.
@@ -257,6 +261,27 @@ bool CHttpListener::ReadWebSocket(QTcpSocket* socket, UstClient& client) {
         client.bPingSent = false;
         if (opcode == WS_PING) Send(socket, WebSocketFrame(WS_PONG, payload));
     }
+}
+
+void CHttpListener::Post(std::string json) {
+    bool first = false;
+    {
+        std::lock_guard lock(m_eventMutex);
+        if (m_events.size() >= EVENT_BACKLOG_MAX) return;
+        first = m_events.empty();
+        m_events.push_back(std::move(json));
+    }
+    if (first) QMetaObject::invokeMethod(this, "FlushEvents", Qt::QueuedConnection);
+}
+
+void CHttpListener::FlushEvents() {
+    std::vector<std::string> events;
+    {
+        std::lock_guard lock(m_eventMutex);
+        events.swap(m_events);
+    }
+    for (const std::string& json : events)
+        Broadcast(json);
 }
 
 void CHttpListener::Broadcast(const std::string& json) {

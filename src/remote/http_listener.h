@@ -8,7 +8,9 @@
 
 #include <atomic>
 #include <map>
+#include <mutex>
 #include <string>
+#include <vector>
 
 #include "remote/api_request.h"
 #include "remote/control_server.h"
@@ -19,6 +21,8 @@ class QTcpSocket;
 class QTimer;
 
 namespace orv {
+
+constexpr size_t EVENT_BACKLOG_MAX = 4096;
 
 struct UstApiResponse {
     int nStatus = 200;
@@ -37,8 +41,15 @@ public:
     int ClientCount() const { return m_nClients.load(); }
     // To every event client; on the listener's thread.
     void Broadcast(const std::string& json);
+    // From any thread: the event goes out from the listener's own. Past
+    // EVENT_BACKLOG_MAX waiting, new ones are dropped.
+    void Post(std::string json);
 
 private:
+    // A call by name through Qt's queue carries nothing of ours across the
+    // threads: the events wait under a lock the thread checker can see.
+    Q_INVOKABLE void FlushEvents();
+
     struct UstClient {
         std::string buffer;
         bool bWebSocket = false;
@@ -63,6 +74,8 @@ private:
     QTcpServer* m_pServer = nullptr;
     std::map<QTcpSocket*, UstClient> m_clients;
     std::atomic<int> m_nClients{0};
+    std::mutex m_eventMutex;
+    std::vector<std::string> m_events;
 };
 
 }  // namespace orv

@@ -82,6 +82,11 @@ void CLineListener::OnReadyRead(QTcpSocket* socket) {
         if (!socket->canReadLine()) {
             // No line end within the limit: nothing a client may send.
             if (socket->bytesAvailable() > static_cast<qint64>(LINE_MAX_BYTES)) RefuseLine(socket);
+            // The replies go out now, not at the next turn of the loop: a
+            // client that sent its lines and closed its side (nc -N) would
+            // lose them, as Qt drops what waits to be written once it reads
+            // the end.
+            socket->flush();
             return;
         }
         QByteArray raw = socket->readLine(static_cast<qint64>(LINE_MAX_BYTES) + 2);

@@ -3,10 +3,42 @@
 // clients, and what a careless or hostile client sends.
 #include <gtest/gtest.h>
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <unistd.h>
+
 #include "remote_rig.h"
 
 namespace orv {
 namespace {
+
+// What a one-shot client gets: its bytes sent and its side closed at once
+// (as `printf ... | nc -N` does), then everything read until the server
+// closes.
+std::string SendAndHalfClose(quint16 port, const std::string& bytes) {
+    const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (::connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
+        ::close(fd);
+        return "no connection";
+    }
+    ::send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    ::shutdown(fd, SHUT_WR);
+    const timeval wait{5, 0};
+    ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &wait, sizeof wait);
+    std::string got;
+    char chunk[4096];
+    ssize_t n = 0;
+    while ((n = ::recv(fd, chunk, sizeof chunk, 0)) > 0)
+        got.append(chunk, static_cast<size_t>(n));
+    ::close(fd);
+    return got;
+}
 
 using test::CLineClient;
 using test::UstServerRig;
@@ -149,6 +181,18 @@ TEST(ControlServer, ControlArgumentsOfTheCommandLine) {
     EXPECT_TRUE(ReadControlArgument(QStringLiteral("0.0.0.0:5250"), o, error));
     EXPECT_EQ(o.strToken, QStringLiteral("s3cret"));
     qunsetenv("ORVANTIS_CONTROL_TOKEN");
+}
+
+TEST(ControlServer, AClientThatClosesItsSideStillGetsItsReplies) {
+    UstServerRig rig;
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(SendAndHalfClose(rig.server.LinePort(), "VERSION\r\nCG 1 PLAY\r\n"),
+                  std::string("201 VERSION OK\r\n") + CControlCore::VERSION +
+                      "\r\n500 CG FAILED no page added\r\n");
+    const std::string http =
+        SendAndHalfClose(rig.server.HttpPort(), "GET /api/status HTTP/1.1\r\n\r\n");
+    EXPECT_EQ(http.substr(0, 15), "HTTP/1.1 200 OK");
+    EXPECT_NE(http.find("\"pages\":2"), std::string::npos);
 }
 
 TEST(ControlServer, LongLineIsRefusedAndItsConnectionClosed) {

@@ -18,8 +18,8 @@
 #include <QTcpSocket>
 
 #include "board/test_board.h"
-#include "frame_fixture.h"
 #include "objects/text_object.h"
+#include "play_frame_fixture.h"
 #include "playout/effect_table.h"
 #include "project/page_manager.h"
 #include "project/project_manager.h"
@@ -34,46 +34,16 @@
 namespace orv {
 namespace {
 
-constexpr uint32_t PAGE_COLOURS[] = {0xFFFF0000u, 0xFF00FF00u, 0xFF0000FFu};
+using test::PAGE_COLOURS;
 
-class RemoteControlTest : public test::CFrameFixture {
+class RemoteControlTest : public test::CPlayFrameFixture {
 protected:
-    void SetUp() override {
-        CFrameFixture::SetUp();
-        ModeByShortName("1080i5994", mode);
-        board = std::make_unique<CTestBoard>(mode, EPlayoutClock::FREE);
-        frame = std::make_unique<CMainFrame>(m_folders, 9, board.get());
+    // The server on any free port, whatever Options say.
+    void BeforeCreate() override {
         UstControlOptions options;
-        options.nLinePort = 0;  // any free port
+        options.nLinePort = 0;
         options.bHttp = false;
         frame->SetControlOverride(options);
-        ASSERT_TRUE(frame->OnCreate());
-        frame->CreatePlayEngine();
-        doc = new CZevrantDoc(frame.get());
-        view = frame->AddProjectWindow(doc);
-        frame->resize(900, 700);
-        frame->show();
-        QApplication::processEvents();
-        CProjectManager& project = doc->Project();
-        while (project.PageCount() < 3)
-            project.InsertPage(project.PageCount() - 1);
-        for (int i = 0; i < 3; ++i) {
-            CPageManager* page = project.GetPage(i);
-            page->AddObject(
-                std::make_unique<test::CRectObject>(UstRect{0, 0, 1920, 1080}, PAGE_COLOURS[i]));
-            page->m_effect = {EFFECT_CUT, 10, 0, 0, EFFECT_CUT, 10, 0, 1, 0, 0, 0};
-        }
-    }
-    void TearDown() override {
-        frame->hide();
-        frame.reset();
-    }
-    bool Until(const std::function<bool()>& done) {
-        QElapsedTimer timer;
-        timer.start();
-        while (!done() && timer.elapsed() < 10000)
-            QApplication::processEvents(QEventLoop::AllEvents, 5);
-        return done();
     }
     // One command over the line protocol and the whole of its reply.
     QString Say(QTcpSocket& socket, const QByteArray& line) {
@@ -87,7 +57,6 @@ protected:
         });
         return QString::fromUtf8(reply);
     }
-    CPageManager* Page(int index) { return doc->Project().GetPage(index); }
     // A project saved in a folder, opened in a window of its own.
     void OpenSaved(const QString& name) {
         ASSERT_TRUE(CreateProjectFolder(m_home.filePath(name), 1920, 1080, nullptr));
@@ -102,12 +71,6 @@ protected:
         text->InsertString(QStringLiteral("{{name}} / {{title}}"));
         view->EndTextEdit();
     }
-
-    CfgVideo mode;
-    std::unique_ptr<CTestBoard> board;
-    std::unique_ptr<CMainFrame> frame;
-    CZevrantDoc* doc = nullptr;
-    CZevrantView* view = nullptr;
 };
 
 TEST_F(RemoteControlTest, AutomationReachesThePagesOfPlayModeOnly) {
@@ -125,7 +88,7 @@ TEST_F(RemoteControlTest, AutomationReachesThePagesOfPlayModeOnly) {
     const QString project = QDir(doc->Project().Folder()).dirName();
     const QByteArray target = project.isEmpty() ? "2" : (project + "/2").toUtf8();
     EXPECT_EQ(Say(socket, "CG 1 ADD 1 \"" + target + "\" 1"), "202 ADD OK\r\n");
-    ASSERT_TRUE(Until([&] { return board->View()[540 * 1920 + 960] == PAGE_COLOURS[1]; }));
+    ASSERT_TRUE(Until([&] { return AirCentre() == PAGE_COLOURS[1]; }));
     EXPECT_EQ(Say(socket, "CLEAR 1"), "202 CLEAR OK\r\n");
     ASSERT_TRUE(Until([&] { return frame->PlayEngine()->PageOnAir() == nullptr; }));
 
