@@ -263,15 +263,17 @@ bool CHttpListener::ReadWebSocket(QTcpSocket* socket, UstClient& client) {
     }
 }
 
+// The call is queued under the lock, and the destructor takes it too: an
+// event told as the server stops reaches a listener that still stands.
 void CHttpListener::Post(std::string json) {
-    bool first = false;
-    {
-        std::lock_guard lock(m_eventMutex);
-        if (m_events.size() >= EVENT_BACKLOG_MAX) return;
-        first = m_events.empty();
-        m_events.push_back(std::move(json));
-    }
-    if (first) QMetaObject::invokeMethod(this, "FlushEvents", Qt::QueuedConnection);
+    std::lock_guard lock(m_eventMutex);
+    if (m_events.size() >= EVENT_BACKLOG_MAX) return;
+    m_events.push_back(std::move(json));
+    if (m_events.size() == 1) QMetaObject::invokeMethod(this, "FlushEvents", Qt::QueuedConnection);
+}
+
+CHttpListener::~CHttpListener() {
+    std::lock_guard lock(m_eventMutex);
 }
 
 void CHttpListener::FlushEvents() {

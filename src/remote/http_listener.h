@@ -36,6 +36,7 @@ class CHttpListener : public QObject {
     Q_OBJECT
 public:
     CHttpListener(CControlCore& core, const UstControlOptions& options);
+    ~CHttpListener() override;
     bool Listen(QString& error);
     quint16 Port() const;
     int ClientCount() const { return m_nClients.load(); }
