@@ -1,5 +1,6 @@
 #include "play_command.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QString>
 
@@ -25,7 +26,10 @@
 #include "media/avi_player.h"
 #include "playout/effect_request.h"
 #include "playout/play_engine.h"
+#include "project/page_data_file.h"
 #include "project/project_manager.h"
+#include "remote/control_server.h"
+#include "remote/remote_play_host.h"
 #include "timer_commands.h"
 
 namespace orv::cli {
@@ -40,12 +44,16 @@ struct UstPlayArgs {
     bool bAuto = false, bIgnoreDiscarded = false;
     int nRepeat = 1;
     UstBoardOptions board;
+    // --control: the pages wait for the control server's commands.
+    bool bControl = false;
+    UstControlOptions control;
 };
 
 constexpr const char* USAGE =
     "usage: orvantis-cli play PROJECT [--pages A-B] [--auto] [--repeat N] "
-    "[--ignore-discarded] [--mode MODE] [--queue N] --output "
+    "[--ignore-discarded] [--mode MODE] [--queue N] [--control [ADDR:]PORT] --output "
     "(card|file:PATH.mkv|srt://HOST:PORT|null)\n"
+    "with --control, ORVANTIS_CONTROL_TOKEN holds the token the clients must give\n"
     "standard input, one a line, for running timers: pause, resume, restart, set SECONDS\n";
 
 // A whole number within [low, high], nothing around it.
@@ -68,6 +76,12 @@ std::string ReadPages(const std::string& value, UstPlayArgs& a) {
     return ok ? "" : "--pages takes A-B or A, pages counted from 1";
 }
 
+std::string ReadControl(const std::string& value, UstPlayArgs& a) {
+    QString error;
+    a.bControl = ReadControlArgument(QString::fromStdString(value), a.control, error);
+    return a.bControl ? "" : error.toStdString();
+}
+
 std::string ReadArgs(int argc, char** argv, UstPlayArgs& a) {
     if (argc < 3) return "the project is missing";
     a.strProject = argv[2];
@@ -82,6 +96,8 @@ std::string ReadArgs(int argc, char** argv, UstPlayArgs& a) {
         std::string error;
         if (name == "pages")
             error = ReadPages(value, a);
+        else if (name == "control")
+            error = ReadControl(value, a);
         else if (name == "repeat")
             error = ReadNumber(value, 0, 10000, a.nRepeat) ? "" : "--repeat takes 0 to 10000";
         else
@@ -185,11 +201,15 @@ private:
     bool Hold(int seconds);
     void PlayManually();
     void PlayAutomatically();
+    // Commands from the network instead of the delays; false when the
+    // server cannot start.
+    bool ServeControl();
 
     const UstPlayArgs& m_args;
     CProjectManager& m_project;
     CStopSignals& m_signals;
     CPlayReport m_report;
+    CRemotePlayHost m_host{&m_report};
     UstPlayList m_list;
     std::unique_ptr<CPlayEngine> m_engine;
     CLineReader m_input{STDIN_FILENO};
@@ -287,6 +307,36 @@ void CPlayRun::PlayAutomatically() {
         if (m_signals.Requested()) return;
 }
 
+bool CPlayRun::ServeControl() {
+    std::vector<CPageManager*> pages;
+    for (int i = 0; i < m_project.PageCount(); ++i)
+        pages.push_back(m_project.GetPage(i));
+    QString error;
+    // A damaged data file is left as it is, not overwritten at the end.
+    const bool loaded = LoadPageData(m_project.Folder(), pages, &error);
+    if (!loaded) std::fprintf(stderr, "orvantis-cli play: %s\n", error.toLocal8Bit().constData());
+    CControlCore core(*m_engine, QDir(m_project.Folder()).dirName(), pages, &m_list);
+    CControlServer server(core);
+    m_host.SetCore(&core);
+    if (!server.Start(m_args.control, error)) {
+        m_host.SetCore(nullptr);
+        std::fprintf(stderr, "orvantis-cli play: %s\n", error.toLocal8Bit().constData());
+        return false;
+    }
+    std::printf("control: lines on %s port %u, HTTP on port %u\n",
+                m_args.control.address.toString().toLocal8Bit().constData(),
+                unsigned{server.LinePort()}, unsigned{server.HttpPort()});
+    std::fflush(stdout);
+    while (!m_signals.Requested())
+        Print(std::chrono::milliseconds(CPlayEngine::DELAY_PIECE_MS));
+    server.Stop();
+    m_host.SetCore(nullptr);
+    // What automation sent stays for the next run, beside the project.
+    if (loaded && !SavePageData(m_project.Folder(), pages, &error))
+        std::fprintf(stderr, "orvantis-cli play: %s\n", error.toLocal8Bit().constData());
+    return true;
+}
+
 int CPlayRun::Run() {
     if (!PrepareList()) return 1;
     UstBoardOptions options = m_args.board;
@@ -294,9 +344,12 @@ int CPlayRun::Run() {
     IF_HDExtreme board(options);
     CDecklinkPipeline& pipe = *board.GetPipeline();
     m_engine = std::make_unique<CPlayEngine>(
-        0, &board, UstSize{m_project.m_nWidth, m_project.m_nHeight}, UstSize{0, 0}, &m_report);
+        0, &board, UstSize{m_project.m_nWidth, m_project.m_nHeight}, UstSize{0, 0}, &m_host);
     m_engine->SetPlayList(&m_list);
-    if (m_args.bAuto)
+    bool served = true;
+    if (m_args.bControl)
+        served = ServeControl();
+    else if (m_args.bAuto)
         PlayAutomatically();
     else
         PlayManually();
@@ -314,7 +367,7 @@ int CPlayRun::Run() {
                      f.strReason.c_str());
         failed = true;
     }
-    return failed ? 1 : 0;
+    return failed || !served ? 1 : 0;
 }
 
 }  // namespace

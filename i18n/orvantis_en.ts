@@ -109,6 +109,81 @@ Select All</translation>
     </message>
 </context>
 <context>
+    <name>orv::CDataPane</name>
+    <message>
+        <source>Field</source>
+        <translation>Field</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>New data on air:</source>
+        <translation>New data on air:</translation>
+    </message>
+    <message>
+        <source>Change in place</source>
+        <translation>Change in place</translation>
+    </message>
+    <message>
+        <source>Take again</source>
+        <translation>Take again</translation>
+    </message>
+    <message>
+        <source>Rows from CSV...</source>
+        <translation>Rows from CSV...</translation>
+    </message>
+    <message>
+        <source>No Rows</source>
+        <translation>No Rows</translation>
+    </message>
+    <message>
+        <source>No page.</source>
+        <translation>No page.</translation>
+    </message>
+    <message>
+        <source>This page has no fields: type {{name}} in a text.</source>
+        <translation>This page has no fields: type {{name}} in a text.</translation>
+    </message>
+    <message>
+        <source>No rows</source>
+        <translation>No rows</translation>
+    </message>
+    <message>
+        <source>%1: next row %2 of %3</source>
+        <translation>%1: next row %2 of %3</translation>
+    </message>
+    <message>
+        <source>Rows from CSV</source>
+        <translation>Rows from CSV</translation>
+    </message>
+    <message>
+        <source>CSV Files (*.csv)</source>
+        <translation>CSV Files (*.csv)</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Data</translation>
+    </message>
+    <message>
+        <source>Save the project first: its rows are kept beside it.</source>
+        <translation>Save the project first: its rows are kept beside it.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: %2</source>
+        <translation>%1 cannot be used: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: its name starts with a dot.</source>
+        <translation>%1 cannot be used: its name starts with a dot.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be copied into the project&apos;s folder.</source>
+        <translation>%1 cannot be copied into the project's folder.</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgBlink</name>
     <message>
         <source>Blink properties</source>
@@ -382,6 +457,10 @@ Select All</translation>
     <message>
         <source>Edit Options</source>
         <translation>Edit Options</translation>
+    </message>
+    <message>
+        <source>Remote Control</source>
+        <translation>Remote Control</translation>
     </message>
 </context>
 <context>
@@ -1409,6 +1488,18 @@ Import Slides...</translation>
         <source>&amp;View</source>
         <translation>&amp;View</translation>
     </message>
+    <message>
+        <source>Data</source>
+        <translation>Data</translation>
+    </message>
+    <message>
+        <source>The remote control could not start: %1</source>
+        <translation>The remote control could not start: %1</translation>
+    </message>
+    <message>
+        <source>Remote control on %1</source>
+        <translation>Remote control on %1</translation>
+    </message>
 </context>
 <context>
     <name>orv::CPageOverviewGrid</name>
@@ -1669,6 +1760,53 @@ Import Slides...</translation>
     <message>
         <source>Shadow</source>
         <translation>Shadow</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CTabControl</name>
+    <message>
+        <source>Take commands from automation in play mode</source>
+        <translation>Take commands from automation in play mode</translation>
+    </message>
+    <message>
+        <source>This computer only (127.0.0.1)</source>
+        <translation>This computer only (127.0.0.1)</translation>
+    </message>
+    <message>
+        <source>Any network address</source>
+        <translation>Any network address</translation>
+    </message>
+    <message>
+        <source>Listen on:</source>
+        <translation>Listen on:</translation>
+    </message>
+    <message>
+        <source>Command line port:</source>
+        <translation>Command line port:</translation>
+    </message>
+    <message>
+        <source>HTTP port:</source>
+        <translation>HTTP port:</translation>
+    </message>
+    <message>
+        <source>Token:</source>
+        <translation>Token:</translation>
+    </message>
+    <message>
+        <source>The two ports must differ.</source>
+        <translation>The two ports must differ.</translation>
+    </message>
+    <message>
+        <source>A token is needed to listen on the network.</source>
+        <translation>A token is needed to listen on the network.</translation>
+    </message>
+    <message>
+        <source>Programs on this computer may drive play mode without a token.</source>
+        <translation>Programs on this computer may drive play mode without a token.</translation>
+    </message>
+    <message>
+        <source>Every client gives the token first: AUTH on the command line port, a Bearer header over HTTP.</source>
+        <translation>Every client gives the token first: AUTH on the command line port, a Bearer header over HTTP.</translation>
     </message>
 </context>
 <context>

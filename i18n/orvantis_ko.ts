@@ -109,6 +109,81 @@ Select All</source>
     </message>
 </context>
 <context>
+    <name>orv::CDataPane</name>
+    <message>
+        <source>Field</source>
+        <translation>필드</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>값</translation>
+    </message>
+    <message>
+        <source>New data on air:</source>
+        <translation>방송 중 새 데이터:</translation>
+    </message>
+    <message>
+        <source>Change in place</source>
+        <translation>제자리에서 바꾸기</translation>
+    </message>
+    <message>
+        <source>Take again</source>
+        <translation>다시 내보내기</translation>
+    </message>
+    <message>
+        <source>Rows from CSV...</source>
+        <translation>CSV에서 행 가져오기...</translation>
+    </message>
+    <message>
+        <source>No Rows</source>
+        <translation>행 없애기</translation>
+    </message>
+    <message>
+        <source>No page.</source>
+        <translation>페이지가 없습니다.</translation>
+    </message>
+    <message>
+        <source>This page has no fields: type {{name}} in a text.</source>
+        <translation>이 페이지에는 필드가 없습니다: 텍스트에 {{name}}을(를) 입력하십시오.</translation>
+    </message>
+    <message>
+        <source>No rows</source>
+        <translation>행 없음</translation>
+    </message>
+    <message>
+        <source>%1: next row %2 of %3</source>
+        <translation>%1: 다음 행 %2 / %3</translation>
+    </message>
+    <message>
+        <source>Rows from CSV</source>
+        <translation>CSV에서 행 가져오기</translation>
+    </message>
+    <message>
+        <source>CSV Files (*.csv)</source>
+        <translation>CSV 파일 (*.csv)</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>데이터</translation>
+    </message>
+    <message>
+        <source>Save the project first: its rows are kept beside it.</source>
+        <translation>먼저 프로젝트를 저장하십시오: 행 파일은 프로젝트 옆에 보관됩니다.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: %2</source>
+        <translation>%1을(를) 사용할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: its name starts with a dot.</source>
+        <translation>%1을(를) 사용할 수 없습니다: 이름이 점으로 시작합니다.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be copied into the project&apos;s folder.</source>
+        <translation>%1을(를) 프로젝트 폴더에 복사할 수 없습니다.</translation>
+    </message>
+</context>
+<context>
     <name>orv::CDlgBlink</name>
     <message>
         <source>Blink properties</source>
@@ -382,6 +457,10 @@ Select All</source>
     <message>
         <source>Edit Options</source>
         <translation>편집 옵션</translation>
+    </message>
+    <message>
+        <source>Remote Control</source>
+        <translation>원격 제어</translation>
     </message>
 </context>
 <context>
@@ -1409,6 +1488,18 @@ Import Slides...</source>
         <source>&amp;View</source>
         <translation>보기(&amp;V)</translation>
     </message>
+    <message>
+        <source>Data</source>
+        <translation>데이터</translation>
+    </message>
+    <message>
+        <source>The remote control could not start: %1</source>
+        <translation>원격 제어를 시작할 수 없습니다: %1</translation>
+    </message>
+    <message>
+        <source>Remote control on %1</source>
+        <translation>원격 제어 켜짐: %1</translation>
+    </message>
 </context>
 <context>
     <name>orv::CPageOverviewGrid</name>
@@ -1669,6 +1760,53 @@ Import Slides...</source>
     <message>
         <source>Shadow</source>
         <translation>그림자</translation>
+    </message>
+</context>
+<context>
+    <name>orv::CTabControl</name>
+    <message>
+        <source>Take commands from automation in play mode</source>
+        <translation>플레이 모드에서 자동화 명령 받기</translation>
+    </message>
+    <message>
+        <source>This computer only (127.0.0.1)</source>
+        <translation>이 컴퓨터만 (127.0.0.1)</translation>
+    </message>
+    <message>
+        <source>Any network address</source>
+        <translation>모든 네트워크 주소</translation>
+    </message>
+    <message>
+        <source>Listen on:</source>
+        <translation>수신 주소:</translation>
+    </message>
+    <message>
+        <source>Command line port:</source>
+        <translation>명령 줄 포트:</translation>
+    </message>
+    <message>
+        <source>HTTP port:</source>
+        <translation>HTTP 포트:</translation>
+    </message>
+    <message>
+        <source>Token:</source>
+        <translation>토큰:</translation>
+    </message>
+    <message>
+        <source>The two ports must differ.</source>
+        <translation>두 포트는 서로 달라야 합니다.</translation>
+    </message>
+    <message>
+        <source>A token is needed to listen on the network.</source>
+        <translation>네트워크에서 수신하려면 토큰이 필요합니다.</translation>
+    </message>
+    <message>
+        <source>Programs on this computer may drive play mode without a token.</source>
+        <translation>이 컴퓨터의 프로그램은 토큰 없이 플레이 모드를 제어할 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Every client gives the token first: AUTH on the command line port, a Bearer header over HTTP.</source>
+        <translation>모든 클라이언트는 먼저 토큰을 보냅니다: 명령 줄 포트에서는 AUTH, HTTP에서는 Bearer 헤더.</translation>
     </message>
 </context>
 <context>

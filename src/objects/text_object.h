@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "objects/qrd_object.h"
+#include "objects/text_fields.h"
 #include "objects/text_host.h"
 #include "render/object_image.h"
 #include "render/text_layout.h"
@@ -102,6 +103,9 @@ public:
     // Building a text outside the editor (import, splitting, tests).
     void SetChars(std::vector<UstCharAttr> chars);
     void SetOrigin(float storeX, float storeY);
+    // A copy for air with its data fields filled: same place, same look.
+    std::unique_ptr<CQRDObjectText> FilledCopy(const FieldValues& values) const;
+    bool HasFields() const { return !FindFields(m_arrChar).empty(); }
     // Whether nothing but blanks and line ends is left.
     bool IsBlank() const;
     // Measures every character again, from its own attributes.

@@ -118,6 +118,7 @@ void CPlayEngine::Key(int key) {
             if (EndStage()) return;
         if (m_nState.load() == PLAY_IDLE) m_bRun.store(1);
         m_Lock.unlock();
+        m_bKeyed.store(1);
         m_hEvent.Set();
     } else if (key == PLAYKEY_STOP) {
         m_pEffect->Effect::Stop();
@@ -179,6 +180,7 @@ void CPlayEngine::GetBufferInfo(UstBufferInfo& out) const {
 
 void CPlayEngine::ClearOutput() {
     std::lock_guard lock(m_Lock);
+    m_pAirPage.store(nullptr);
     StopTimers();
     m_pEffect->Clear();
 }
@@ -194,6 +196,8 @@ int CPlayEngine::NextIndex(int from, int& wrapped, int useDiscarded) const {
 
 void CPlayEngine::RenderPage(CPageManager* page) {
     if (!page || m_pBufferA.empty()) return;
+    m_pAirPage.store(nullptr);
+    page->m_data.TakeRow();
     std::fill_n(m_pBufferA.data(), m_pBufferA.size(), 0u);
     std::fill_n(m_pBufferB.data(), m_pBufferB.size(), 0u);
     if (!page->IsScrollPage()) Effect::HideTyping(*page);
@@ -271,6 +275,7 @@ void CPlayEngine::StepSingle() {
             return;
         case PLAY_OUT:
             Post(PLAY_OUT, 0);
+            m_pAirPage.store(nullptr);
             StopTimers();
             if (request && CTransitionDriver::HasOutStage(request))
                 m_pEffect->Run(request, 2, nullptr);
@@ -284,6 +289,7 @@ void CPlayEngine::StepSingle() {
 }
 
 void CPlayEngine::SingleOnAir(CPageManager* page, int* request) {
+    m_pAirPage.store(page);
     if (page->HasAnimation() || page->HasBlinkObject()) {
         m_nState.store(page->HasAnimation() ? PLAY_LIVE : PLAY_BLINK);
         Post(PLAY_ON, 0);
@@ -358,6 +364,7 @@ void CPlayEngine::StepList() {
         case PLAY_OUT: {
             SetMode(2);
             Post(PLAY_OUT, m_nInHand);
+            m_pAirPage.store(nullptr);
             int* request = RequestWords(m_pInHand->m_effect);
             StopTimers();
             if (CTransitionDriver::HasOutStage(request)) m_pEffect->Run(request, 2, nullptr);
@@ -389,6 +396,7 @@ void CPlayEngine::ListIn(UstPlayList& list, CPageManager* page) {
         m_nState.store(page->HasAnimation() ? PLAY_LIVE : PLAY_BLINK);
         Post(PLAY_ON, index);
     } else {
+        m_pAirPage.store(page);
         Post(PLAY_ON, index);
         m_nState.store(PLAY_OUT);
         // The page stays on air; the list moves on to the next one.

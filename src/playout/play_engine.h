@@ -105,6 +105,18 @@ public:
     int64_t TimerPixelsWritten() const { return m_nTimerPixels.load(); }
     int64_t TimerLargestWrite() const { return m_nTimerLargest.load(); }
 
+    // The page on air has new data: its picture is drawn again and only the
+    // pixels that changed go to the canvas, after the next frame boundary.
+    // From any thread; returns at once.
+    void RefreshOnAir() {
+        m_bRefresh.store(1);
+        m_hEvent.Set();
+    }
+    // The page whose picture is on air now, or null.
+    CPageManager* PageOnAir() const { return m_pAirPage.load(); }
+    // Pixels the refreshes wrote, for the tests.
+    int64_t RefreshPixelsWritten() const { return m_nRefreshPixels.load(); }
+
     // The passes the automatic loop has left.
     int Passes() const { return m_nPasses.load(); }
 
@@ -181,6 +193,9 @@ private:
     void TickInMemory() override;
     void TickOnCanvas(int x, int y, int x2) override;
     void CountTimerWrite(int64_t written);
+    // New data on the page on air, between steps.
+    void RefreshAir();
+    UstRect RedrawAirPicture(CPageManager* page);
 
     std::unique_ptr<Effect> m_pEffect;
     int32_t m_nWidth = 0, m_nHeight = 0;
@@ -202,6 +217,11 @@ private:
     CSystemTimerClock m_SystemClock;
     CPlayTimers m_Timers{&m_SystemClock};  // the worker's, under m_Lock
     std::atomic<int32_t> m_bTimersOn{0};
+    std::atomic<int32_t> m_bRefresh{0};
+    // A key, not a refresh, woke the worker.
+    std::atomic<int32_t> m_bKeyed{0};
+    std::atomic<CPageManager*> m_pAirPage{nullptr};
+    std::atomic<int64_t> m_nRefreshPixels{0};
     std::atomic<int64_t> m_nTimerPixels{0};
     std::atomic<int64_t> m_nTimerLargest{0};
     // The worker's own: the list page in hand and its index.

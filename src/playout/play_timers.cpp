@@ -91,6 +91,16 @@ void CPlayTimers::End() {
     m_pSecond = nullptr;
 }
 
+void CPlayTimers::Repaint(const uint32_t* fresh, const UstRect& area) {
+    if (!m_pFrame || area.Width() <= 0 || area.Height() <= 0) return;
+    for (int y = area.top; y < area.bottom; ++y) {
+        const size_t row = static_cast<size_t>(y) * m_nWidth;
+        std::copy(fresh + row + area.left, fresh + row + area.right,
+                  m_under.begin() + static_cast<ptrdiff_t>(row + area.left));
+    }
+    DrawShownInto(m_pFrame, m_under, area);
+}
+
 void CPlayTimers::Control(const UstTimerControl& control) {
     UstTimerControl stamped = control;
     stamped.nAtMs = m_pClock->SteadyMs();

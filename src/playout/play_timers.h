@@ -95,6 +95,12 @@ public:
     // From any thread; taken at the next tick, counted from when it came.
     void Control(const UstTimerControl& control);
 
+    // The page under the timers, or null when none run.
+    const uint32_t* Under() const { return m_pFrame ? m_under.data() : nullptr; }
+    // The page under them changed inside `area` to what `fresh` holds
+    // there: the frame is made again from it with the timers on top.
+    void Repaint(const uint32_t* fresh, const UstRect& area);
+
     const std::vector<UstRunningTimer>& Timers() const { return m_timers; }
     // The largest rectangle one change has written, for the benchmark.
     int64_t LargestWrite() const { return m_nLargestWrite; }

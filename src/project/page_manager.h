@@ -11,6 +11,7 @@
 #include "objects/qrd_object.h"
 #include "objects/text_object.h"
 #include "project/page_background.h"
+#include "project/page_data.h"
 #include "project/page_host.h"
 #include "project/page_records.h"
 
@@ -292,6 +293,11 @@ public:
     int32_t m_nScrollHalf = 0;
     int32_t m_nScrollHalves = 2;
     float m_fScrollFrac = 0.0f;
+    // Field values for air; kept beside the project file, not in it.
+    CPageData m_data;
+    // The fields of the page's own texts, in order, for the Data pane and
+    // the status the control server gives.
+    std::vector<QString> FieldNames() const;
 
 private:
     // The background and every object's play drawing, as a Cut page goes

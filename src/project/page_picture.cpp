@@ -2,6 +2,8 @@
 // keying, alpha, and the background under everything.
 #include <QDir>
 
+#include <algorithm>
+
 #include "objects/picture_object.h"
 #include "project/canvas_overlays.h"
 #include "project/object_folder.h"
@@ -135,11 +137,33 @@ void CPageManager::DrawFrame(uint32_t* bits, uint32_t* blinkBits, int w, int h, 
         if (!m_background.HasPixels()) m_background.Reload(ObjectFolder());
         m_background.DrawForPlay(bits, blinkBits, w, h);
     }
+    const FieldValues values = m_data.Values();
     for (auto& o : m_objects) {
         if (!withTimers && o->GetType() == OBJ_TIMER) continue;
-        o->DrawForPlay(bits, w, h);
-        if (blinkBits) o->PrepareBlinkFrame(blinkBits, w, h, m_blink.nMode, m_blink.crColor);
+        // A template text goes to air as a filled copy: the page keeps
+        // the placeholders the operator typed.
+        std::unique_ptr<CQRDObjectText> filled;
+        CQRDObject* drawn = o.get();
+        if (o->GetType() == OBJ_TEXT) {
+            const auto* text = static_cast<const CQRDObjectText*>(o.get());
+            if (text->m_nPlayShown < 0 && text->HasFields()) {
+                filled = text->FilledCopy(values);
+                drawn = filled.get();
+            }
+        }
+        drawn->DrawForPlay(bits, w, h);
+        if (blinkBits) drawn->PrepareBlinkFrame(blinkBits, w, h, m_blink.nMode, m_blink.crColor);
     }
+}
+
+std::vector<QString> CPageManager::FieldNames() const {
+    std::vector<QString> names;
+    for (const auto& o : m_objects) {
+        if (o->GetType() != OBJ_TEXT) continue;
+        for (const QString& n : orv::FieldNames(static_cast<const CQRDObjectText&>(*o).Chars()))
+            if (std::find(names.begin(), names.end(), n) == names.end()) names.push_back(n);
+    }
+    return names;
 }
 
 }  // namespace orv

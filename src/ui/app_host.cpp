@@ -43,6 +43,7 @@ void CAppHost::ApplyLanguage(uint16_t language) {
 
 bool CAppHost::CreateMainFrame() {
     m_pFrame = new CMainFrame(m_app.Folders(), m_nLanguage, m_app.m_pBoard);
+    if (m_control) m_pFrame->SetControlOverride(*m_control);
     if (!m_pFrame->OnCreate()) return false;
     m_pKeyRouter = new CKeyRouter([this] { return m_pFrame ? m_pFrame->m_nPlayState : 0; },
                                   [this](const UstKeyInfo& key) {

@@ -4,7 +4,9 @@
 #include <QTranslator>
 
 #include <memory>
+#include <optional>
 
+#include "remote/control_server.h"
 #include "shell/app_object.h"
 
 namespace orv {
@@ -31,6 +33,8 @@ public:
     void ShowRecoveryMessage() override;
     void FocusMainFrame() override;
 
+    // --control: the server on for this run, whatever Options say.
+    void SetControlOverride(const UstControlOptions& options) { m_control = options; }
     // Closes the frame for good: its destructor writes the settings.
     void DestroyMainFrame();
     CMainFrame* MainFrame() const { return m_pFrame; }
@@ -47,6 +51,7 @@ private:
     CMainFrame* m_pFrame = nullptr;
     CKeyRouter* m_pKeyRouter = nullptr;
     QString m_strShellProject;
+    std::optional<UstControlOptions> m_control;
 };
 
 }  // namespace orv

@@ -30,6 +30,7 @@
 #include "shell/settings_files.h"
 #include "ui/auto_dlg.h"
 #include "ui/child_frame.h"
+#include "ui/control_tab.h"
 #include "ui/options_dialog.h"
 #include "ui/pane_dialogs.h"
 #include "ui/play_dlg.h"
@@ -77,6 +78,7 @@ CMainFrame::~CMainFrame() {
     // that dies keeps those of its last proper exit.
     delete m_pAutoPane;
     m_pAutoDlg = nullptr;
+    ControlEngineGone();
     m_pPlayEngine.reset();
     DetachBoard();
     m_PreviewImage.clear();
@@ -106,6 +108,7 @@ bool CMainFrame::OnCreate() {
     m_pSplash->SetStatus(tr("Initializing docking panes..."));
     CreatePanes();
     CreateStylesPane();
+    CreateDataPane();
     RestoreInterfaceState();
     LoadSkin();
     if (m_pBoard) {
@@ -544,7 +547,9 @@ void CMainFrame::OnTimer() {
 
 void CMainFrame::ShowOptions() {
     CDlgOptions dlg(m_Env, m_nLanguage, this);
+    CTabControl* control = dlg.AddControlTab(LoadControlSetting());
     if (dlg.exec() != QDialog::Accepted) return;
+    ApplyControlSetting(control->Copy());
     const auto exists = [](const QString& p) { return QFileInfo(p).isFile(); };
     const UstOptionsOutcome out = ApplyOptions(m_Env, dlg.ProgramCopy(), dlg.EditCopy(), exists);
     if (out.bEditRejected)

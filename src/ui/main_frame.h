@@ -29,6 +29,10 @@ class CRibbonBar;
 struct UstCommand;
 class CDlgPageOverview;
 class CPreviewDlg;
+class CDataPane;
+class CEditorControl;
+struct UstControlOptions;
+struct UstControlSetting;
 class CGBoard;
 class CPageManager;
 class CPlayCellList;
@@ -219,6 +223,12 @@ public:
     void ShowFind();
     void ShowJump();
     uint16_t Language() const { return m_nLanguage; }
+    // Live data and remote control.
+    CDataPane* DataPane() const { return m_pDataPane; }
+    CEditorControl* Control() const { return m_pControl.get(); }
+    void SetControlOverride(const UstControlOptions& options);
+    void ApplyControlSetting(const UstControlSetting& setting);
+    void OnPageDataChanged(CPageManager* page);
 
     int m_nPlayState = 0;
     bool m_bMasterMode = false;  // 5008
@@ -306,6 +316,14 @@ private:
     void LoadSkin();
     void RefreshViews();
     void CreateStylesPane();
+    void CreateDataPane();
+    // The engine's window side: this window, with the control server
+    // listening in.
+    IPlayHost* EngineHost();
+    void ControlEngineChanged();
+    void ControlEngineGone();
+    void ControlPagesChanged();
+    void ShowControlState();
     int ApplyTextStyle(const UstText& style);
     int ApplyShapeStyle(const UstShape& style);
     int ApplyObjectStyle(uint32_t id, const void* style, const UstAttr& attr,
@@ -343,6 +361,8 @@ private:
     std::vector<QMenu*> m_commandMenus;  // shown by the canvas, not the menu bar
     std::unique_ptr<CStyleLibraries> m_pStyles;
     CStylesPane* m_pStylesPane = nullptr;
+    CDataPane* m_pDataPane = nullptr;
+    std::unique_ptr<CEditorControl> m_pControl;  // stops before the engine goes
     QAction* m_pPlayModeAction = nullptr;
     CRibbonBar* m_pRibbon = nullptr;
     QTimer m_idle;

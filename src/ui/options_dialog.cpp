@@ -21,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include "render/image_file.h"
+#include "ui/control_tab.h"
 
 namespace orv {
 
@@ -198,6 +199,7 @@ CDlgOptions::CDlgOptions(const UstEnv& env, uint16_t interfaceLanguage, QWidget*
     : QDialog(parent) {
     setWindowTitle(tr("Options"));
     auto* tabs = new QTabWidget(this);
+    m_pTabs = tabs;
     m_pProgram = new CTabProgram(env, interfaceLanguage, tabs);
     m_pEdit = new CTabEnvEdit(env, tabs);
     tabs->addTab(m_pProgram, tr("Program Settings"));
@@ -208,6 +210,12 @@ CDlgOptions::CDlgOptions(const UstEnv& env, uint16_t interfaceLanguage, QWidget*
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs);
     layout->addWidget(buttons);
+}
+
+CTabControl* CDlgOptions::AddControlTab(const UstControlSetting& setting) {
+    auto* tab = new CTabControl(setting, m_pTabs);
+    m_pTabs->addTab(tab, tr("Remote Control"));
+    return tab;
 }
 
 UstEnv CDlgOptions::ProgramCopy() const {

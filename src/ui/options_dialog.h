@@ -15,6 +15,7 @@ class QLineEdit;
 class QPushButton;
 class QSlider;
 class QSpinBox;
+class QTabWidget;
 
 namespace orv {
 
@@ -56,16 +57,22 @@ private:
     QLabel* m_pInnerLabel = nullptr;
 };
 
+class CTabControl;
+struct UstControlSetting;
+
 class CDlgOptions : public QDialog {
     Q_OBJECT
 public:
     CDlgOptions(const UstEnv& env, uint16_t interfaceLanguage, QWidget* parent = nullptr);
+    // The "Remote Control" page, whose setting lives apart from the records.
+    CTabControl* AddControlTab(const UstControlSetting& setting);
     UstEnv ProgramCopy() const;
     UstEnv EditCopy() const;
 
 private:
     CTabProgram* m_pProgram;
     CTabEnvEdit* m_pEdit;
+    QTabWidget* m_pTabs;
 };
 
 }  // namespace orv

@@ -87,12 +87,14 @@ std::vector<CPlayCellList*> CMainFrame::PlayLists() const {
 // An engine that still plays is stopped before the new one is made: two
 // engines never draw into one canvas.
 void CMainFrame::CreatePlayEngine() {
+    ControlEngineGone();
     m_pPlayEngine.reset();
     const CZevrantApp* app = CZevrantApp::Get();
     const UstSize frame = app ? app->GetFrameSize() : UstSize{1920, 1080};
     const UstSize thumb = app ? app->GetThumbSize() : UstSize{300, 170};
-    m_pPlayEngine = std::make_unique<CPlayEngine>(0, m_pBoard, frame, thumb, this);
+    m_pPlayEngine = std::make_unique<CPlayEngine>(0, m_pBoard, frame, thumb, EngineHost());
     m_pPlayEngine->SetPlayList(&m_pAutoDlg->Auto()->List());
+    ControlEngineChanged();
 }
 
 void CMainFrame::PostPlayState(int state, int param) {
@@ -134,6 +136,7 @@ bool CMainFrame::EnterPlayMode() {
     m_pPlayEngine->ResetPlay();
     m_nPlayState = 1;
     SetRibbonEnabled(false);
+    ControlPagesChanged();
     m_pAutoPane->show();
     for (int id : {PLAY_PANE, TEXT_PANE})
         if (QDockWidget* pane = Pane(id)) pane->show();
@@ -155,6 +158,7 @@ bool CMainFrame::LeavePlayMode() {
     if (m_pPlayEngine) m_pPlayEngine->ResetPlay();
     m_nPlayState = 0;
     SetRibbonEnabled(true);
+    ControlPagesChanged();
     if (CZevrantView* view = ActiveView()) {
         view->Document()->Project().m_pPlayPage = nullptr;
         view->GoToPage(m_pAutoDlg->Auto()->Cursor());

@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "project/page_data_file.h"
+#include "project/page_manager.h"
+
 namespace orv {
 
 namespace {
@@ -77,6 +80,14 @@ bool CZevrantDoc::OpenDocument(const QString& fileOrFolder, QString* error, QStr
     if (notice) *notice = outcome.strNotice;
     if (!outcome.bOpened) return Fail(error, outcome.strError);
     project->SetHost(this);
+    // The fields' values live beside the project file; a damaged data file
+    // costs them, not the project.
+    std::vector<CPageManager*> pages;
+    for (const auto& page : project->Pages())
+        pages.push_back(page.get());
+    QString dataError;
+    if (!LoadPageData(paths.strFolder, pages, &dataError) && notice)
+        *notice = notice->isEmpty() ? dataError : *notice + '\n' + dataError;
     m_pProject = std::move(project);
     TakePaths(paths);
     m_bFromBackup = outcome.bFromBackup ? 1 : 0;
