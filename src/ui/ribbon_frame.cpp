@@ -32,7 +32,7 @@ namespace orv {
 namespace {
 
 constexpr int IDLE_UPDATE_MS = 200;
-constexpr int PLAY_PANE = 553;
+constexpr int PLAY_WINDOW_PANE = 553;  // the Play pane that 780 opens
 
 struct UstComboItems {
     uint32_t nId;
@@ -299,7 +299,7 @@ void CMainFrame::UpdateRibbon() {
     check(207, m_nCanvasMode == MODE_TEXT);
     check(208, m_nCanvasMode == MODE_SELECT);
     check(777, m_nPlayState != 0);
-    check(780, Pane(PLAY_PANE) && Pane(PLAY_PANE)->isVisible());
+    check(780, Pane(PLAY_WINDOW_PANE) && Pane(PLAY_WINDOW_PANE)->isVisible());
     check(764, page && page->m_effect.bInFade);
     check(765, page && page->m_effect.bOutFade);
     check(800, page && page->m_effect.bDiscard);
