@@ -72,6 +72,11 @@ CMainFrame::CMainFrame(const UstFolders& folders, uint16_t language, CGBoard* bo
 
 CMainFrame::~CMainFrame() {
     disconnect(m_focusWatch);
+    // The base destructor hides the children, and hiding the document area
+    // announces a new active page; by then this object is only a widget, so
+    // nothing of ours may still be listening.
+    for (QObject* child : findChildren<QObject*>())
+        disconnect(child, nullptr, this, nullptr);
     // The list pane goes first, then the engine, while the board they use
     // still stands. The style lists need nothing here: each change was
     // written when it was made. The settings are written last, and only here, so that a program
