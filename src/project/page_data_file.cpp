@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -50,19 +51,42 @@ bool ReadEntry(const QJsonObject& entry, int pageCount, UstDataEntry& e) {
     return true;
 }
 
+// A file that cannot be used is moved aside under the first free name, so
+// that the next save, which writes the file whole, does not take with it
+// what the operator may still want to mend by hand.
+QString KeepAside(QFile& file) {
+    file.close();
+    const QString base = file.fileName() + QStringLiteral(".damaged");
+    QString name = base;
+    for (int n = 2; QFile::exists(name); ++n)
+        name = base + '.' + QString::number(n);
+    return file.rename(name) ? QFileInfo(name).fileName() : QString();
+}
+
+void SayKept(QString* error, QFile& file, const QString& what) {
+    const QString shown = file.fileName();
+    const QString kept = KeepAside(file);
+    Say(error, kept.isEmpty() ? what.arg(shown)
+                              : what.arg(shown) + QStringLiteral("; it was kept as %1").arg(kept));
+}
+
 }  // namespace
 
 bool LoadPageData(const QString& folder, const std::vector<CPageManager*>& pages, QString* error) {
     QFile file(QDir(folder).filePath(PAGE_DATA_FILE));
     if (!file.exists()) return true;
-    if (file.size() > PAGE_DATA_MAX_BYTES || !file.open(QIODevice::ReadOnly)) {
+    if (file.size() > PAGE_DATA_MAX_BYTES) {
+        SayKept(error, file, QStringLiteral("%1 is too large to be a data file"));
+        return false;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
         Say(error, QStringLiteral("%1 cannot be read").arg(file.fileName()));
         return false;
     }
     QJsonParseError status{};
     const QJsonDocument doc = QJsonDocument::fromJson(file.readAll(), &status);
     if (status.error != QJsonParseError::NoError || !doc.isObject()) {
-        Say(error, QStringLiteral("%1 is damaged").arg(file.fileName()));
+        SayKept(error, file, QStringLiteral("%1 is damaged"));
         return false;
     }
     // All entries are checked before any page takes its values.
@@ -71,7 +95,7 @@ bool LoadPageData(const QString& folder, const std::vector<CPageManager*>& pages
         UstDataEntry e;
         if (!ReadEntry(v.toObject(), static_cast<int>(pages.size()), e) ||
             !ReadCsvEntry(folder, e)) {
-            Say(error, QStringLiteral("%1 has an entry it cannot use").arg(file.fileName()));
+            SayKept(error, file, QStringLiteral("%1 has an entry that cannot be used"));
             return false;
         }
         entries.push_back(std::move(e));

@@ -16,7 +16,8 @@ constexpr const char* PAGE_DATA_FILE = "data.json";
 constexpr qint64 PAGE_DATA_MAX_BYTES = 16 << 20;
 
 // Reads the file in `folder` into the pages. A missing file is no error;
-// a damaged one leaves every page's data as it was and says why.
+// a damaged one leaves every page's data as it was, is moved aside as
+// data.json.damaged (then .damaged.2, ...) and the error names it.
 bool LoadPageData(const QString& folder, const std::vector<CPageManager*>& pages,
                   QString* error = nullptr);
 // Writes the file whole, or leaves the old one when writing fails.

@@ -147,7 +147,9 @@ TEST(PageDataFile, WrittenBesideTheProjectAndReadBack) {
     EXPECT_TRUE(LoadPageData(empty.path(), {&a2}));
 }
 
-TEST(PageDataFile, DamageLeavesThePagesAsTheyWere) {
+// A damaged file is never overwritten by the next save: it goes aside under
+// a name of its own, the earlier ones kept.
+TEST(PageDataFile, DamageLeavesThePagesAsTheyWereAndTheFileAside) {
     QTemporaryDir dir;
     CPageManager page;
     page.m_data.SetValues({{QStringLiteral("k"), QStringLiteral("kept")}});
@@ -156,14 +158,27 @@ TEST(PageDataFile, DamageLeavesThePagesAsTheyWere) {
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(bytes);
     };
-    for (const char* bytes : {"{\"pages\": [", "[]", "{\"pages\": [{\"page\": 2, \"data\": {}}]}",
-                              "{\"pages\": [{\"page\": 1, \"data\": {\"k\": 5}}]}"}) {
-        write(bytes);
+    const auto read = [&](const char* name) {
+        QFile f(dir.filePath(QString::fromLatin1(name)));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(missing)");
+    };
+    const char* const damaged[] = {"{\"pages\": [", "[]",
+                                   "{\"pages\": [{\"page\": 2, \"data\": {}}]}",
+                                   "{\"pages\": [{\"page\": 1, \"data\": {\"k\": 5}}]}"};
+    const char* const kept[] = {"data.json.damaged", "data.json.damaged.2", "data.json.damaged.3",
+                                "data.json.damaged.4"};
+    for (int i = 0; i < 4; ++i) {
+        write(damaged[i]);
         QString error;
-        EXPECT_FALSE(LoadPageData(dir.path(), {&page}, &error)) << bytes;
-        EXPECT_FALSE(error.isEmpty());
+        EXPECT_FALSE(LoadPageData(dir.path(), {&page}, &error)) << damaged[i];
+        EXPECT_TRUE(error.endsWith(QString::fromLatin1(kept[i]))) << error.toStdString();
         EXPECT_EQ(page.m_data.Values().at(QStringLiteral("k")), QStringLiteral("kept"));
+        EXPECT_FALSE(QFile::exists(dir.filePath(PAGE_DATA_FILE)));
     }
+    ASSERT_TRUE(SavePageData(dir.path(), {&page}));
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(read(kept[i]), QByteArray(damaged[i])) << kept[i];
+    EXPECT_TRUE(LoadPageData(dir.path(), {&page}));
 }
 
 TEST(CsvRows, QuotesLineEndsAndShortRows) {
