@@ -24,6 +24,7 @@
 #include "project/page_manager.h"
 #include "project/project_manager.h"
 #include "project/project_store.h"
+#include "shell/key_routing.h"
 #include "support/rect_object.h"
 #include "ui/control_tab.h"
 #include "ui/data_pane.h"
@@ -135,6 +136,44 @@ TEST_F(RemoteControlTest, TheDataPaneWritesThePageAndItsDataFile) {
     view->Page()->m_data.MergeValues({{"title", "Skater"}});
     pane->Refresh();
     EXPECT_EQ(table->item(1, 1)->text(), "Skater");
+}
+
+// Typing a value for the page on air redraws it in place, where the page
+// asks for that, and leaves the air alone where it asks for a retake.
+TEST_F(RemoteControlTest, TheDataPaneRedrawsThePageOnAirInPlace) {
+    AddFieldText();
+    CPageManager* page = view->Page();
+    ASSERT_TRUE(frame->EnterPlayMode());
+    CPlayEngine* engine = frame->PlayEngine();
+    UstKeyInfo enter;
+    enter.nVk = vk::RETURN;
+    enter.bExtended = true;
+    frame->DispatchKey(enter);
+    ASSERT_TRUE(Until([&] { return engine->PageOnAir() == page && frame->m_nPlayState == 1; }));
+    const std::vector<uint32_t> empty = board->View();
+
+    CDataPane* pane = frame->DataPane();
+    pane->Refresh();
+    QTableWidget* table = pane->Table();
+    ASSERT_EQ(table->rowCount(), 2);
+    table->item(0, 1)->setText(QStringLiteral("Kim"));
+    ASSERT_TRUE(Until([&] { return engine->RefreshPixelsWritten() > 0; }));
+    ASSERT_TRUE(Until([&] { return board->View() != empty; }));
+    EXPECT_EQ(AirCentre(), PAGE_COLOURS[0]);  // the rest of the page stays
+    EXPECT_EQ(engine->PageOnAir(), page);
+
+    pane->UpdateChoice()->setCurrentIndex(1);
+    Q_EMIT pane->UpdateChoice()->activated(1);
+    const int64_t written = engine->RefreshPixelsWritten();
+    const std::vector<uint32_t> withName = board->View();
+    table->item(1, 1)->setText(QStringLiteral("Anchor"));
+    EXPECT_EQ(page->m_data.Values().at("title"), "Anchor");
+    QElapsedTimer settle;  // the engine has every chance to draw
+    settle.start();
+    while (settle.elapsed() < 300)
+        QApplication::processEvents(QEventLoop::AllEvents, 5);
+    EXPECT_EQ(engine->RefreshPixelsWritten(), written);
+    EXPECT_EQ(board->View(), withName);
 }
 
 TEST_F(RemoteControlTest, CsvRowsAreCopiedBesideTheProjectAndCounted) {
