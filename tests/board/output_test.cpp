@@ -19,10 +19,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-UstBoardOptions OutputTo(const std::string& spec, const char* mode = "720p50") {
+UstBoardOptions OutputTo(const std::string& dest, const char* mode = "720p50") {
     UstBoardOptions options;
     UstOutputChoice choice;
-    EXPECT_TRUE(ParseOutputChoice(spec, choice)) << spec;
+    EXPECT_TRUE(ParseOutputChoice(dest, choice)) << dest;
     options.output = choice;
     CfgVideo m;
     EXPECT_TRUE(ModeByShortName(mode, m));
