@@ -8,19 +8,16 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QScrollBar>
-#include <QSettings>
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <memory>
 
+#include "bench_editor.h"
 #include "best_time.h"
 #include "objects/shape_object.h"
-#include "project/folders.h"
 #include "project/project_manager.h"
 #include "ui/main_frame.h"
 #include "ui/preview_dlg.h"
-#include "ui/zevrant_doc.h"
 #include "ui/zevrant_view.h"
 
 namespace {
@@ -50,18 +47,9 @@ void FillProject(CZevrantView& view) {
 }
 
 void BM_PreviewPane(benchmark::State& state) {
-    QTemporaryDir home;
-    const std::filesystem::path root = home.path().toStdString();
-    const UstFolders folders = ResolveFolders({"", "", root.string()}, root);
-    CreateWellKnownFolders(folders);
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    CMainFrame frame(folders, 9);
-    frame.OnCreate();
-    auto* doc = new CZevrantDoc(&frame);
-    CZevrantView* view = frame.AddProjectWindow(doc);
-    frame.resize(1280, 900);
-    frame.show();
-    QApplication::processEvents();
+    CBenchEditor editor(1280, 900);
+    CMainFrame& frame = editor.Frame();
+    CZevrantView* view = editor.view;
     FillProject(*view);
     CPreviewDlg* pane = frame.PreviewPane();
     pane->resize(260, 800);
@@ -87,7 +75,6 @@ void BM_PreviewPane(benchmark::State& state) {
     state.counters["rows_shown"] = static_cast<double>(800 / pitch + 1);
     if (repaint / FRAME_SECONDS > REPAINT_TARGET || scroll / FRAME_SECONDS > SCROLL_TARGET)
         g_missed = true;
-    frame.hide();
 }
 BENCHMARK(BM_PreviewPane)->Iterations(1)->Unit(benchmark::kMillisecond);
 

@@ -7,19 +7,16 @@
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <QSettings>
-#include <QTemporaryDir>
 
 #include <cstdio>
 
+#include "bench_editor.h"
 #include "best_time.h"
 #include "objects/shape_object.h"
-#include "project/folders.h"
 #include "project/project_manager.h"
 #include "shell/command_table.h"
 #include "ui/main_frame.h"
 #include "ui/ribbon_bar.h"
-#include "ui/zevrant_doc.h"
 #include "ui/zevrant_view.h"
 
 namespace {
@@ -30,18 +27,9 @@ constexpr double FRAME_SECONDS = 1001.0 / 30000.0;
 bool g_missed = false;
 
 void BM_Ribbon(benchmark::State& state) {
-    QTemporaryDir home;
-    const std::filesystem::path root = home.path().toStdString();
-    const UstFolders folders = ResolveFolders({"", "", root.string()}, root);
-    CreateWellKnownFolders(folders);
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    CMainFrame frame(folders, 9);
-    frame.OnCreate();
-    auto* doc = new CZevrantDoc(&frame);
-    CZevrantView* view = frame.AddProjectWindow(doc);
-    frame.resize(1600, 1000);
-    frame.show();
-    QApplication::processEvents();
+    CBenchEditor editor(1600, 1000);
+    CMainFrame& frame = editor.Frame();
+    CZevrantView* view = editor.view;
     CPageManager* page = view->Page();
     for (int i = 0; i < 20; ++i) {
         UstEffect effect = MakeDefaultEffect();
@@ -72,7 +60,6 @@ void BM_Ribbon(benchmark::State& state) {
     state.counters["update_ms"] = update * 1000.0;
     state.counters["tab_ms"] = tab * 1000.0;
     if (update >= FRAME_SECONDS || tab >= FRAME_SECONDS) g_missed = true;
-    frame.hide();
 }
 BENCHMARK(BM_Ribbon)->Iterations(1)->Unit(benchmark::kMillisecond);
 
