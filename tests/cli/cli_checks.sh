@@ -1,5 +1,13 @@
 # Sourced by the command-line tests; $work is the test's scratch folder.
 
+# fresh_samples MAKE_SAMPLES: an empty $work holding the sample projects
+# under $work/samples.
+fresh_samples() {
+    rm -rf "$work"
+    mkdir -p "$work"
+    "$1" "$work/samples" >/dev/null
+}
+
 fail() {
     echo "FAIL: $*" >&2
     exit 1

@@ -6,12 +6,9 @@ set -euo pipefail
 cli=$1
 make_samples=$2
 work=$3
-rm -rf "$work"
-mkdir -p "$work"
-"$make_samples" "$work/samples" >/dev/null
-
 # shellcheck source=cli_checks.sh
 source "$(dirname "$0")/cli_checks.sh"
+fresh_samples "$make_samples"
 
 project="$work/samples/pages/project.qrdprj"
 pages() { "$cli" info "$project" | sed -n 's/.*, \([0-9]*\) pages$/\1/p'; }

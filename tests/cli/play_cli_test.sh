@@ -8,12 +8,9 @@ set -euo pipefail
 cli=$1
 make_samples=$2
 work=$3
-rm -rf "$work"
-mkdir -p "$work"
-"$make_samples" "$work/samples" >/dev/null
-
 # shellcheck source=cli_checks.sh
 source "$(dirname "$0")/cli_checks.sh"
+fresh_samples "$make_samples"
 play="$work/samples/play/project.qrdprj"
 
 expect 0 "$cli" play "$play" --auto --mode pal --output "file:$work/play.mkv"

@@ -7,12 +7,9 @@ set -euo pipefail
 cli=$1
 make_samples=$2
 work=$3
-rm -rf "$work"
-mkdir -p "$work"
-"$make_samples" "$work/samples" >/dev/null
-
 # shellcheck source=cli_checks.sh
 source "$(dirname "$0")/cli_checks.sh"
+fresh_samples "$make_samples"
 demo="$work/samples/demo/project.qrdprj"
 
 # 1080 lines by 50 a field: 22 sub-steps, 11 frames and the last capture in;
