@@ -101,6 +101,9 @@ void CopyField(uint32_t* dst, const UstView& view, int selector);
 // The rows of a held field whose line number counted from the bottom of the
 // frame has the given parity, copied to the same rows.
 void CopyHeld(uint32_t* dst, const uint32_t* held, int width, int height, int parity);
+// A whole frame, for a copy that is kept but not read soon: it does not
+// push the drawing thread's canvas out of the caches.
+void CopyWholeFrame(uint32_t* dst, const uint32_t* src, int width, int height);
 
 // Every byte of every pixel times level / 255, rounded: the whole-frame key
 // gain applied to a premultiplied frame for outputs that have no keyer.

@@ -19,7 +19,8 @@ void CTestBoard::Open() {
     m_nObserver = m_Pipeline.AddFrameObserver(
         [this](const uint32_t* frame, const CfgVideo& format, int level) {
             std::lock_guard lock(m_mutex);
-            m_LastFrame.assign(frame, frame + static_cast<size_t>(format.nWidth) * format.nHeight);
+            m_LastFrame.resize(static_cast<size_t>(format.nWidth) * format.nHeight);
+            CopyWholeFrame(m_LastFrame.data(), frame, format.nWidth, format.nHeight);
             if (m_hook) m_hook(frame, format, level);
         });
     m_Pipeline.OpenWith(m_pCanvas, &m_Record, m_eClock);

@@ -165,12 +165,57 @@ void CopyHeld(uint32_t* dst, const uint32_t* held, int width, int height, int pa
             band.Add(dst + row * stride, held + row * stride, nullptr);
 }
 
+void CopyWholeFrame(uint32_t* dst, const uint32_t* src, int width, int height) {
+    if (!src || width < 1) return;
+    const size_t stride = static_cast<size_t>(width);
+    CBander band(width, 0);
+    for (int row = 0; row < height; ++row)
+        band.Add(dst + row * stride, src + row * stride, nullptr);
+}
+
+namespace {
+
+// b x level / 255, rounded half up, as 16-bit lanes: for every b x level
+// + 127 that a byte and a level below 255 give, (x + 1 + (x >> 8)) >> 8 is x
+// / 255.
+#ifdef __SSE2__
+__m128i ScaleLanes(__m128i bytes16, __m128i level) {
+    const __m128i x = _mm_add_epi16(_mm_mullo_epi16(bytes16, level), _mm_set1_epi16(127));
+    const __m128i sum = _mm_add_epi16(_mm_add_epi16(x, _mm_set1_epi16(1)), _mm_srli_epi16(x, 8));
+    return _mm_srli_epi16(sum, 8);
+}
+#endif
+
+uint8_t ScaleByte(uint8_t b, uint32_t level) {
+    return static_cast<uint8_t>((b * level + 127) / 255);
+}
+
+}  // namespace
+
+// Once a frame on the playout thread, for an output without a keyer: the
+// scaled frame goes to the output, so it is written past the caches, where
+// the drawing thread's canvas stays.
 void ScaleFrameByLevel(uint32_t* frame, size_t pixels, int level) {
     if (level >= 255) return;
     const uint32_t l = static_cast<uint32_t>(std::max(level, 0));
     auto* bytes = reinterpret_cast<uint8_t*>(frame);
-    for (size_t i = 0; i < pixels * 4; ++i)
-        bytes[i] = static_cast<uint8_t>((bytes[i] * l + 127) / 255);
+    const size_t count = pixels * 4;
+    size_t i = 0;
+#ifdef __SSE2__
+    for (; i < count && (reinterpret_cast<uintptr_t>(bytes + i) & 15) != 0; ++i)
+        bytes[i] = ScaleByte(bytes[i], l);
+    const __m128i zero = _mm_setzero_si128(), lanes = _mm_set1_epi16(static_cast<short>(l));
+    for (; i + 16 <= count; i += 16) {
+        auto* at = reinterpret_cast<__m128i*>(bytes + i);
+        const __m128i v = _mm_load_si128(at);
+        const __m128i low = ScaleLanes(_mm_unpacklo_epi8(v, zero), lanes);
+        const __m128i high = ScaleLanes(_mm_unpackhi_epi8(v, zero), lanes);
+        _mm_stream_si128(at, _mm_packus_epi16(low, high));
+    }
+    _mm_sfence();
+#endif
+    for (; i < count; ++i)
+        bytes[i] = ScaleByte(bytes[i], l);
 }
 
 }  // namespace orv

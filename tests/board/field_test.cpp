@@ -1,6 +1,8 @@
 // The copy of the view into a frame and the assembly of the two fields.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "board/canvas.h"
@@ -90,6 +92,42 @@ TEST(ViewCopy, KeyGainScalesEveryByteRounded) {
     EXPECT_EQ(frame[0], 0x80402001u);
     ScaleFrameByLevel(frame.data(), frame.size(), -4);
     EXPECT_EQ(frame[2], 0u);
+}
+
+// Five rows make a band of four and a row alone. Rows of 48 pixels that
+// start one pixel past a cache line have a head of 15, two whole lines and
+// a tail of 1.
+TEST(ViewCopy, AWholeFrameArrivesWhereverItsRowsStart) {
+    constexpr int W = 48, H = 5;
+    std::vector<uint32_t> src(W * H);
+    for (int i = 0; i < W * H; ++i)
+        src[i] = 0x01000000u * static_cast<uint32_t>(i % 256) + static_cast<uint32_t>(i);
+    alignas(64) uint32_t store[W * H + 2];
+    std::fill(std::begin(store), std::end(store), UNTOUCHED);
+    CopyWholeFrame(store + 1, src.data(), W, H);
+    EXPECT_TRUE(std::equal(src.begin(), src.end(), store + 1));
+    EXPECT_EQ(store[0], UNTOUCHED);
+    EXPECT_EQ(store[W * H + 1], UNTOUCHED);
+}
+
+// Every byte at every level, starting off a 16-byte boundary and ending
+// in a part of one, so that the head, the body and the tail each meet bytes
+// of all values.
+TEST(ViewCopy, KeyGainIsExactForEveryByteAndLevel) {
+    std::vector<uint32_t> store(70);
+    for (int level = 0; level < 255; ++level) {
+        uint32_t* frame = store.data() + 1;
+        auto* bytes = reinterpret_cast<uint8_t*>(frame);
+        for (int i = 0; i < 260; ++i)
+            bytes[i] = static_cast<uint8_t>(i);
+        ScaleFrameByLevel(frame, 65, level);
+        for (int i = 0; i < 260; ++i) {
+            const int b = i & 255;
+            // b x level / 255 rounded half up; a half never occurs, as 255 is odd.
+            const int want = (2 * b * level + 255) / 510;
+            ASSERT_EQ(bytes[i], want) << "byte " << b << " level " << level;
+        }
+    }
 }
 
 // Two moments of one frame: the canvas as it was at the capture goes into
