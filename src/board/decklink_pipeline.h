@@ -85,8 +85,10 @@ public:
     void CaptureField();
     // Zeroes the view and, if interlaced, takes it as the held field too.
     void ClearView();
-    // Held by every writer of the canvas and by the copy out of it.
-    std::unique_lock<std::mutex> LockCanvas() { return std::unique_lock(m_canvasMutex); }
+    // Held by every writer of the canvas and by the copy out of it. A
+    // drawing thread may hold it across many primitives, each of which takes
+    // it again: taken again by its holder, it costs no atomic operation.
+    std::unique_lock<std::recursive_mutex> LockCanvas() { return std::unique_lock(m_canvasMutex); }
 
     // One turn of the playout loop, for the HAND clock.
     void Tick();
@@ -138,7 +140,7 @@ private:
     CFrameEvent m_hSync;
     std::thread m_thread;
     std::atomic<bool> m_bStop{false};
-    mutable std::mutex m_canvasMutex;
+    mutable std::recursive_mutex m_canvasMutex;
     std::mutex m_tickMutex;
     mutable std::mutex m_sinkMutex;  // the sink pointer, its name, the setup
     std::unique_ptr<COutputSink> m_pSink;

@@ -120,13 +120,21 @@ void EffectDecklink::StepLoop(const UstStepPlan& plan, const SubStep& write) {
             if (step >= plan.nTotal - progress) step = plan.nTotal - progress;
             TimedSubStep([&] {
                 if (plan.bLevelFirst) LevelFor(plan, progress);
-                write(progress, step);
+                WriteHoldingCanvas([&] { write(progress, step); });
                 if (!plan.bLevelFirst) LevelFor(plan, progress);
                 if (sub == 0) Capture();
             });
             progress += step;
         }
     }
+}
+
+// A sub-step's thousands of primitives would each lock the canvas on their
+// own; held once, the output copies whole sub-steps, never a part of one.
+void EffectDecklink::WriteHoldingCanvas(const std::function<void()>& write) {
+    std::unique_lock<std::recursive_mutex> hold;
+    if (m_pPipeline) hold = m_pPipeline->LockCanvas();
+    write();
 }
 
 void EffectDecklink::LevelFor(const UstStepPlan& plan, int progress) {

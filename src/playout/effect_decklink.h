@@ -76,6 +76,7 @@ private:
     void StepLoop(const UstStepPlan& plan, const SubStep& write);
     void LevelFor(const UstStepPlan& plan, int progress);
     void TimedSubStep(const std::function<void()>& write);
+    void WriteHoldingCanvas(const std::function<void()>& write);
     void Capture();
     void EndRun();
 
