@@ -98,6 +98,8 @@ void CopyFrame(uint32_t* dst, const UstView& view);
 // The view rows i with (i AND 1) different from selector. The count of i
 // starts again at 0 where the view crosses the canvas's last row.
 void CopyField(uint32_t* dst, const UstView& view, int selector);
+// The same for the view rows from first to last - 1 only.
+void CopyFieldRows(uint32_t* dst, const UstView& view, int selector, int first, int last);
 // The rows of a held field whose line number counted from the bottom of the
 // frame has the given parity, copied to the same rows.
 void CopyHeld(uint32_t* dst, const uint32_t* held, int width, int height, int parity);

@@ -272,11 +272,17 @@ int CDecklinkPipeline::IsInterlaced() const {
 
 void CDecklinkPipeline::CaptureField() {
     std::lock_guard lock(m_canvasMutex);
+    CaptureFieldRows(0, m_Format.nHeight);
+}
+
+void CDecklinkPipeline::CaptureFieldRows(int first, int last) {
+    std::lock_guard lock(m_canvasMutex);
     if (m_FieldBuffer.empty() || !m_pCanvas) return;
     const CfgVideo& f = m_Format;
     const int selector = f.nWidth == 720 && FramesPerSecond(f.Duration()) == 29 ? 0 : 1;
-    CopyField(m_FieldBuffer.data(),
-              {m_pCanvas, m_nOriginX.load(), m_nOriginY.load(), f.nWidth, f.nHeight}, selector);
+    CopyFieldRows(m_FieldBuffer.data(),
+                  {m_pCanvas, m_nOriginX.load(), m_nOriginY.load(), f.nWidth, f.nHeight}, selector,
+                  first, last);
 }
 
 void CDecklinkPipeline::ClearView() {

@@ -119,25 +119,28 @@ void AddViewRow(CBander& band, uint32_t* dst, const UstView& view, int canvasRow
     band.Add(dst, row + (view.nOriginX & CANVAS_MASK), row);
 }
 
-// Calls copy(frameRow, canvasRow, count) for each view row: count runs from 0
-// in the rows before the canvas's last row and again from 0 after it.
+// Calls copy(frameRow, canvasRow, count) for the view rows from first to
+// last - 1: count runs from 0 in the rows before the canvas's last row and
+// again from 0 after it.
 template <typename F>
-void ForViewRows(const UstView& v, F copy) {
+void ForViewRows(const UstView& v, int first, int last, F copy) {
     const int y = v.nOriginY & CANVAS_MASK;
     const int before = std::min(v.nHeight, CANVAS_SIZE - y);
-    for (int i = 0; i < before; ++i)
+    first = std::max(first, 0);
+    last = std::min(last, v.nHeight);
+    for (int i = first; i < std::min(last, before); ++i)
         copy(i, y + i, i);
-    for (int i = 0; i < v.nHeight - before; ++i)
-        copy(before + i, i, i);
+    for (int i = std::max(first, before); i < last; ++i)
+        copy(i, i - before, i - before);
 }
 
-// The rows that take(count) accepts.
+// The rows from first to last - 1 that take(count) accepts.
 template <typename Take>
-void CopyRows(uint32_t* dst, const UstView& view, Take take) {
+void CopyRows(uint32_t* dst, const UstView& view, int first, int last, Take take) {
     if (!view.canvas || view.nWidth < 1) return;
     const size_t stride = static_cast<size_t>(view.nWidth);
     CBander band = ViewBander(view);
-    ForViewRows(view, [&](int frameRow, int canvasRow, int count) {
+    ForViewRows(view, first, last, [&](int frameRow, int canvasRow, int count) {
         if (take(count)) AddViewRow(band, dst + frameRow * stride, view, canvasRow);
     });
 }
@@ -149,11 +152,15 @@ bool IsHeldRow(int row, int height, int parity) {
 }  // namespace
 
 void CopyFrame(uint32_t* dst, const UstView& view) {
-    CopyRows(dst, view, [](int) { return true; });
+    CopyRows(dst, view, 0, view.nHeight, [](int) { return true; });
 }
 
 void CopyField(uint32_t* dst, const UstView& view, int selector) {
-    CopyRows(dst, view, [selector](int count) { return (count & 1) != selector; });
+    CopyFieldRows(dst, view, selector, 0, view.nHeight);
+}
+
+void CopyFieldRows(uint32_t* dst, const UstView& view, int selector, int first, int last) {
+    CopyRows(dst, view, first, last, [selector](int count) { return (count & 1) != selector; });
 }
 
 void CopyHeld(uint32_t* dst, const uint32_t* held, int width, int height, int parity) {

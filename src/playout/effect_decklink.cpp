@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <limits>
 
 #include "playout/effect_table.h"
 #include "project/page_manager.h"
@@ -120,6 +121,7 @@ void EffectDecklink::StepLoop(const UstStepPlan& plan, const SubStep& write) {
             if (step >= plan.nTotal - progress) step = plan.nTotal - progress;
             TimedSubStep([&] {
                 if (plan.bLevelFirst) LevelFor(plan, progress);
+                if (sub == 0) BeginCapture();
                 WriteHoldingCanvas([&] { write(progress, step); });
                 if (!plan.bLevelFirst) LevelFor(plan, progress);
                 if (sub == 0) Capture();
@@ -158,8 +160,25 @@ void EffectDecklink::TimedSubStep(const std::function<void()>& write) {
 // in the canvas: each field of the frame shows its own moment.
 void EffectDecklink::Capture() {
     if (!m_nFieldLoop || !m_pPipeline) return;
-    m_pPipeline->CaptureField();
+    if (m_nCaptureFrom > 0)
+        m_pPipeline->CaptureFieldRows(m_nCaptureFrom, std::numeric_limits<int>::max());
+    else
+        m_pPipeline->CaptureField();
+    m_nCaptureFrom = -1;
     ++m_Stats.nCaptures;
+}
+
+void EffectDecklink::BeginCapture() {
+    m_nCaptureFrom = m_nFieldLoop && m_pPipeline ? 0 : -1;
+}
+
+// Rows a routine has finished for this sub-step go into the field buffer
+// at once, while what it just wrote of them is still in this core's caches;
+// the capture at the end of the sub-step takes only the rows below.
+void EffectDecklink::CaptureRowsAbove(int row) {
+    if (m_nCaptureFrom < 0 || row <= m_nCaptureFrom) return;
+    m_pPipeline->CaptureFieldRows(m_nCaptureFrom, row);
+    m_nCaptureFrom = row;
 }
 
 // The flag is looked at right after it was cleared, so Stop waits only for

@@ -78,7 +78,15 @@ private:
     void TimedSubStep(const std::function<void()>& write);
     void WriteHoldingCanvas(const std::function<void()>& write);
     void Capture();
+    void BeginCapture();
+    // For a routine that writes a sub-step from the top down: the rows
+    // above `row` are final for this sub-step.
+    void CaptureRowsAbove(int row);
     void EndRun();
+
+    // The first view row not yet captured in a sub-step that captures, -1
+    // in the others.
+    int m_nCaptureFrom = -1;
 
     // What a routine writes, phase 0 from buffer A, phase 2 zeros, relative
     // to the origin (x0, y0) taken at its start.

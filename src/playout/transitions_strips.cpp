@@ -170,14 +170,16 @@ CPixelStore PageInColumnBands(const uint32_t* page, int w, int h, int band) {
 // Whole rows (or columns) in a shuffled order. The columns of a sub-step go
 // out in bands of a few rows, all columns of a band before the next band,
 // from the page turned column by column: the same pixels as whole columns,
-// at a pace the caches can follow.
+// at a pace the caches can follow. A sub-step that is captured hands over
+// its finished rows a few bands at a time, while they are still in this
+// core's caches, rather than reading the whole field back from memory.
 void EffectDecklink::RandomBarsEffect(int* request, int phase, const int* steps) {
     if (phase != 0 && phase != 2) return;
     UstStepPlan plan = PlanFor(request, phase, steps);
     const bool rows = ReadPhaseRequest(request, phase).nEffect == 16;
     plan.nTotal = rows ? m_nHeight : m_nWidth;
     const std::vector<int> order = ShuffledList(*this, plan.nTotal);
-    constexpr int BAND = 16;
+    constexpr int BAND = 16, CAPTURED_BANDS = 4;
     UstPen pen = PenFor(phase);
     CPixelStore bands;
     if (!rows && pen.pSource) {
@@ -203,6 +205,8 @@ void EffectDecklink::RandomBarsEffect(int* request, int phase, const int* steps)
                 if (next) __builtin_prefetch(next + static_cast<size_t>(at) * BAND);
                 pen.Column(at, top, std::min(m_nHeight, top + BAND) - 1);
             }
+            if ((top / BAND) % CAPTURED_BANDS == CAPTURED_BANDS - 1)
+                CaptureRowsAbove(std::min(m_nHeight, top + BAND));
         }
     });
 }

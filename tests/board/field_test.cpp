@@ -73,6 +73,36 @@ TEST(ViewCopy, FieldParityStartsAgainAfterTheRowWrap) {
     EXPECT_EQ(frame[1 * 2], UNTOUCHED);
 }
 
+// A field taken a few rows at a time, as a writer hands over the rows it has
+// finished: each piece takes its own rows of the field and no other, and the
+// parity still starts again where the view crosses the canvas's last row.
+TEST(ViewCopy, AFieldTakenInPiecesKeepsItsParityAcrossTheWrap) {
+    const std::vector<uint32_t> canvas = NumberedCanvas();
+    // Seven rows from row 4093: frame rows 0 to 2 are canvas rows 4093 to
+    // 4095 (counts 0, 1, 2), rows 3 to 6 canvas rows 0 to 3 (counts 0 to 3).
+    const UstView view{canvas.data(), 7, 4093, 1, 7};
+    const uint32_t U = UNTOUCHED;
+    struct UstPiece {
+        int first, last;
+        std::vector<uint32_t> rows;
+    };
+    const UstPiece pieces[] = {
+        {0, 2, {Where(7, 4093), U, U, U, U, U, U}},
+        {1, 3, {U, U, Where(7, 4095), U, U, U, U}},
+        {3, 6, {U, U, U, Where(7, 0), U, Where(7, 2), U}},
+        {2, 4, {U, U, Where(7, 4095), Where(7, 0), U, U, U}},
+        {6, 7, {U, U, U, U, U, U, U}},
+        {5, 5, {U, U, U, U, U, U, U}},
+        {-3, 1, {Where(7, 4093), U, U, U, U, U, U}},
+        {4, 99, {U, U, U, U, U, Where(7, 2), U}},
+    };
+    for (const UstPiece& piece : pieces) {
+        std::vector<uint32_t> frame(7, UNTOUCHED);
+        CopyFieldRows(frame.data(), view, 1, piece.first, piece.last);
+        EXPECT_EQ(frame, piece.rows) << piece.first << " to " << piece.last;
+    }
+}
+
 TEST(ViewCopy, HeldRowsCountFromTheBottom) {
     std::vector<uint32_t> held(5), frame(5, UNTOUCHED);
     for (int i = 0; i < 5; ++i)

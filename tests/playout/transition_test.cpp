@@ -3,6 +3,8 @@
 // two moments of an interlaced frame.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <set>
 #include <vector>
 
@@ -242,6 +244,40 @@ TEST(StepLoop, EachFieldShowsItsOwnMoment) {
         const size_t at = static_cast<size_t>(y) * 1920 + 700;
         EXPECT_EQ(second[at], shown ? rig.page[at] : 0u) << "row " << y;
     }
+}
+
+// "Random Bars Vertical" hands the field over a few bands at a time while
+// it writes: the held field of the second frame still shows exactly the
+// first sub-step's 100 columns, whole, in every one of its rows, and the
+// other field the 200 of both, with the view crossing the canvas's last row
+// and last column.
+TEST(StepLoop, AFieldTakenWhileWritingShowsWholeColumns) {
+    UstRig rig("1080i5994", EPlayoutClock::HAND);
+    rig.board.SetOrigin(3000, 4000);
+    UstPageEffect request = Request(17, 10, false, 17, 10, false);
+    std::vector<uint32_t> second;
+    RunByHand(
+        rig.board, [&] { rig.driver->TakeIn(RequestWords(request)); },
+        [&](int frame) {
+            if (frame == 2) second = rig.board.LastFrame();
+        });
+    ASSERT_EQ(second.size(), rig.page.size());
+    auto shown = [&](int y) {
+        std::vector<bool> columns(1920);
+        for (int x = 0; x < 1920; ++x) {
+            const size_t at = static_cast<size_t>(y) * 1920 + x;
+            columns[x] = second[at] == rig.page[at];
+            EXPECT_TRUE(columns[x] || second[at] == 0u) << x << "," << y;
+        }
+        return columns;
+    };
+    const std::vector<bool> held = shown(0), live = shown(1);
+    EXPECT_EQ(std::count(held.begin(), held.end(), true), 100);
+    EXPECT_EQ(std::count(live.begin(), live.end(), true), 200);
+    for (int x = 0; x < 1920; ++x)
+        EXPECT_TRUE(!held[x] || live[x]) << x;
+    for (int y = 2; y < 1080; ++y)
+        ASSERT_EQ(shown(y), y % 2 == 0 ? held : live) << "row " << y;
 }
 
 // Progressive output: one sub-step a frame, and no field is ever captured.
