@@ -78,6 +78,26 @@ void CanvasCopySlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int o
     });
 }
 
+void CanvasCopyColumns(uint32_t* canvas, int x, int y, int rows, const int* columns, int count,
+                       const uint32_t* block, const uint32_t* next) {
+    if (!canvas || !block || !columns) return;
+    for (int i = 0; i < count; ++i) {
+        const size_t piece = static_cast<size_t>(columns[i]) * static_cast<size_t>(rows);
+        if (next) __builtin_prefetch(next + piece);
+        const uint32_t* from = block + piece;
+        for (int r = 0; r < rows; ++r)
+            *CanvasPixel(canvas, x + columns[i], y + r) = from[r];
+    }
+}
+
+void CanvasFillColumns(uint32_t* canvas, int x, int y, int rows, const int* columns, int count,
+                       uint32_t value) {
+    if (!canvas || !columns) return;
+    for (int i = 0; i < count; ++i)
+        for (int r = 0; r < rows; ++r)
+            *CanvasPixel(canvas, x + columns[i], y + r) = value;
+}
+
 void CanvasFillSlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
                          uint32_t value) {
     if (!canvas) return;

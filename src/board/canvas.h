@@ -86,6 +86,17 @@ void CanvasCopySlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int o
 void CanvasFillSlantLine(uint32_t* canvas, int x1, int y1, int x2, int y2, int offX, int offY,
                          uint32_t value);
 
+// Short pieces of many columns at once, for patterns of scattered columns
+// written a band of rows at a time: for each i below count, rows pixels down
+// canvas column x + columns[i] from row y (both wrap), taken from
+// block + columns[i] x rows. While a piece goes out, the same piece of
+// `next` (a block laid out alike, or null) is fetched: the addresses of the
+// next band are ones no prefetcher could guess.
+void CanvasCopyColumns(uint32_t* canvas, int x, int y, int rows, const int* columns, int count,
+                       const uint32_t* block, const uint32_t* next);
+void CanvasFillColumns(uint32_t* canvas, int x, int y, int rows, const int* columns, int count,
+                       uint32_t value);
+
 // The part of the canvas that is on air: width x height from the origin.
 struct UstView {
     const uint32_t* canvas = nullptr;

@@ -85,6 +85,18 @@ void CCanvasBoard::CopyLine(int x1, int y1, int x2, int y2, uint32_t* canvas, in
     CanvasCopyLine(canvas, x1, y1, x2, y2, srcStride, srcX, srcY, src);
 }
 
+void CCanvasBoard::CopyColumns(uint32_t* canvas, int x, int y, int rows, const int* columns,
+                               int count, const uint32_t* block, const uint32_t* next) {
+    auto lock = m_Pipeline.LockCanvas();
+    CanvasCopyColumns(canvas, x, y, rows, columns, count, block, next);
+}
+
+void CCanvasBoard::FillColumns(uint32_t* canvas, int x, int y, int rows, const int* columns,
+                               int count, uint32_t value) {
+    auto lock = m_Pipeline.LockCanvas();
+    CanvasFillColumns(canvas, x, y, rows, columns, count, value);
+}
+
 void CCanvasBoard::CopySlantLine(int x1, int y1, int x2, int y2, int offX, int offY,
                                  uint32_t* canvas, int srcStride, const uint32_t* src) {
     auto lock = m_Pipeline.LockCanvas();

@@ -1,5 +1,7 @@
 #include "board/gboard.h"
 
+#include "board/canvas_board.h"
+
 namespace orv {
 
 QString CGBoard::GetModeName() const {
@@ -10,7 +12,8 @@ QString CGBoard::GetModeName() const {
 CBoardChannel::CBoardChannel(int channel, CGBoard* board)
     : m_pBoard(board),
       m_nChannel(channel),
-      m_pCanvas(board ? board->GetChannelCanvas(channel) : nullptr) {}
+      m_pCanvas(board ? board->GetChannelCanvas(channel) : nullptr),
+      m_pCanvasBoard(dynamic_cast<CCanvasBoard*>(board)) {}
 
 void CBoardChannel::SetKeyLevel(int level) {
     if (m_nChannel == 0) m_pBoard->SetKeyLevel(level);
@@ -63,6 +66,23 @@ void CBoardChannel::FillLine(int x1, int y1, int x2, int y2, uint32_t value) {
 void CBoardChannel::FillSlantLine(int x1, int y1, int x2, int y2, int offX, int offY,
                                   uint32_t value) {
     m_pBoard->FillSlantLine(x1, y1, x2, y2, offX, offY, m_pCanvas, value);
+}
+
+void CBoardChannel::CopyColumns(int x, int y, int rows, const int* columns, int count,
+                                const uint32_t* block, const uint32_t* next) {
+    if (m_pCanvasBoard)
+        return m_pCanvasBoard->CopyColumns(m_pCanvas, x, y, rows, columns, count, block, next);
+    for (int i = 0; i < count; ++i)
+        m_pBoard->CopyLine(x + columns[i], y, x + columns[i], y + rows - 1, m_pCanvas, 1, 0,
+                           columns[i] * rows, block);
+}
+
+void CBoardChannel::FillColumns(int x, int y, int rows, const int* columns, int count,
+                                uint32_t value) {
+    if (m_pCanvasBoard)
+        return m_pCanvasBoard->FillColumns(m_pCanvas, x, y, rows, columns, count, value);
+    for (int i = 0; i < count; ++i)
+        m_pBoard->FillLine(x + columns[i], y, x + columns[i], y + rows - 1, m_pCanvas, value);
 }
 
 }  // namespace orv

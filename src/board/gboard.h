@@ -13,6 +13,7 @@
 namespace orv {
 
 class CDecklinkPipeline;
+class CCanvasBoard;
 
 class CGBoard {
 public:
@@ -94,10 +95,19 @@ public:
                        const uint32_t* src);
     void FillLine(int x1, int y1, int x2, int y2, uint32_t value);
     void FillSlantLine(int x1, int y1, int x2, int y2, int offX, int offY, uint32_t value);
+    // Vertical CopyLine and FillLine pieces by the count (see
+    // CanvasCopyColumns): on a board that draws on a canvas of its own, one
+    // call; on any other, one line each.
+    void CopyColumns(int x, int y, int rows, const int* columns, int count, const uint32_t* block,
+                     const uint32_t* next);
+    void FillColumns(int x, int y, int rows, const int* columns, int count, uint32_t value);
 
     CGBoard* m_pBoard;
     int m_nChannel;
     uint32_t* m_pCanvas;
+
+private:
+    CCanvasBoard* m_pCanvasBoard;  // the board again, if it is one
 };
 
 }  // namespace orv

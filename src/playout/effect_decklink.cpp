@@ -1,5 +1,6 @@
 #include "playout/effect_decklink.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <limits>
@@ -239,25 +240,27 @@ void EffectDecklink::UstPen::Row(int x1, int x2, int y) const {
 void EffectDecklink::UstPen::Column(int x, int y1, int y2) const {
     const int tx = Wrap(x0 + x, pEngine->m_nCanvasWidth);
     const int ty = Wrap(y0 + y1, pEngine->m_nCanvasHeight);
-    if (pSource && pBands)
-        BandColumn(x, y1, y2, tx, ty);
-    else if (pSource)
+    if (pSource)
         pChannel->CopyLine(tx, ty, tx, ty + y2 - y1, nStride, x, y1, pSource);
     else
         pChannel->FillLine(tx, ty, tx, ty + y2 - y1, 0);
 }
 
-// Within a band the column is a run of the source; it goes out one band at
-// a time.
-void EffectDecklink::UstPen::BandColumn(int x, int y1, int y2, int tx, int ty) const {
+void EffectDecklink::UstPen::BandOfColumns(const std::vector<int>& columns, int top) const {
     const int w = pEngine->m_nWidth, h = pEngine->m_nHeight;
-    while (y1 <= y2) {
-        const int top = y1 - y1 % nBandRows, rows = std::min(nBandRows, h - top);
-        const int last = std::min(y2, top + rows - 1);
-        pChannel->CopyLine(tx, ty, tx, ty + last - y1, 1, 0, top * w + x * rows + y1 - top, pBands);
-        ty += last - y1 + 1;
-        y1 = last + 1;
+    const int rows = std::min(nBandRows, h - top);
+    if (pSource && !pBands) {
+        for (int x : columns)
+            Column(x, top, top + rows - 1);
+        return;
     }
+    const int tx = Wrap(x0, pEngine->m_nCanvasWidth);
+    const int ty = Wrap(y0 + top, pEngine->m_nCanvasHeight);
+    const int count = static_cast<int>(columns.size());
+    if (!pSource) return pChannel->FillColumns(tx, ty, rows, columns.data(), count, 0);
+    const uint32_t* block = pBands + static_cast<size_t>(top) * w;
+    const uint32_t* next = top + rows < h ? block + static_cast<size_t>(rows) * w : nullptr;
+    pChannel->CopyColumns(tx, ty, rows, columns.data(), count, block, next);
 }
 
 }  // namespace orv

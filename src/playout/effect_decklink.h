@@ -6,6 +6,7 @@
 // shows its own moment.
 
 #include <functional>
+#include <vector>
 
 #include "board/decklink_pipeline.h"
 #include "playout/effect.h"
@@ -96,14 +97,16 @@ private:
         const uint32_t* pSource;  // null: erase
         int nStride, x0, y0;
         // The page again in bands of nBandRows rows, each band column by
-        // column (see PageInColumnBands): Column reads from it when it is
-        // there.
+        // column (see PageInColumnBands), for BandOfColumns; without it
+        // the pieces come from the page line by line.
         const uint32_t* pBands = nullptr;
         int nBandRows = 0;
         void Rect(int x, int y, int w, int h) const;
         void Row(int x1, int x2, int y) const;
         void Column(int x, int y1, int y2) const;
-        void BandColumn(int x, int y1, int y2, int tx, int ty) const;
+        // The columns' pieces in the band of nBandRows rows from row top,
+        // in one call to the board.
+        void BandOfColumns(const std::vector<int>& columns, int top) const;
     };
     UstPen PenFor(int phase);
     // The plan of an ordinary routine: the step and fade of the phase's

@@ -182,10 +182,10 @@ void EffectDecklink::RandomBarsEffect(int* request, int phase, const int* steps)
     constexpr int BAND = 16, CAPTURED_BANDS = 4;
     UstPen pen = PenFor(phase);
     CPixelStore bands;
+    pen.nBandRows = BAND;
     if (!rows && pen.pSource) {
         bands = PageInColumnBands(pen.pSource, m_nWidth, m_nHeight, BAND);
         pen.pBands = bands.data();
-        pen.nBandRows = BAND;
     }
     StepLoop(plan, [&](int p, int step) {
         std::vector<int> lines(order.begin() + p, order.begin() + p + step);
@@ -195,16 +195,8 @@ void EffectDecklink::RandomBarsEffect(int* request, int phase, const int* steps)
             return;
         }
         std::sort(lines.begin(), lines.end());
-        // The next band's piece of each column is on its way while this
-        // band goes out: addresses no prefetcher could guess.
         for (int top = 0; top < m_nHeight; top += BAND) {
-            const uint32_t* next = pen.pBands && top + BAND < m_nHeight
-                                       ? pen.pBands + static_cast<size_t>(top + BAND) * m_nWidth
-                                       : nullptr;
-            for (int at : lines) {
-                if (next) __builtin_prefetch(next + static_cast<size_t>(at) * BAND);
-                pen.Column(at, top, std::min(m_nHeight, top + BAND) - 1);
-            }
+            pen.BandOfColumns(lines, top);
             if ((top / BAND) % CAPTURED_BANDS == CAPTURED_BANDS - 1)
                 CaptureRowsAbove(std::min(m_nHeight, top + BAND));
         }

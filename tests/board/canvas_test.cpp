@@ -134,5 +134,72 @@ TEST_F(CanvasOps, ChannelOneHasNoCanvasAndItsTwinsDoNothing) {
     EXPECT_EQ(Written(), (Points{{4095, 0}, {0, 0}}));
 }
 
+// Short pieces of scattered columns in one call: each piece is `rows`
+// pixels down its column, from its own place in the block, wrapping on both
+// edges; the next block is only fetched, never written.
+TEST_F(CanvasOps, ColumnPiecesComeFromTheirPlaceInTheBlockAndWrap) {
+    std::vector<uint32_t> block(6 * 3), next(6 * 3, 0xEEEEEEEEu);
+    for (int c = 0; c < 6; ++c)
+        for (int r = 0; r < 3; ++r)
+            block[c * 3 + r] = 0xA0000000u | static_cast<uint32_t>(c << 8 | r);
+    const int columns[] = {0, 2, 5};
+    CBoardChannel zero(0, &m_board);
+    zero.CopyColumns(4094, 4095, 3, columns, 3, block.data(), next.data());
+    EXPECT_EQ(Written(), (Points{{4094, 4095},
+                                 {4094, 0},
+                                 {4094, 1},
+                                 {0, 4095},
+                                 {0, 0},
+                                 {0, 1},
+                                 {3, 4095},
+                                 {3, 0},
+                                 {3, 1}}));
+    EXPECT_EQ(At(4094, 4095), 0xA0000000u);
+    EXPECT_EQ(At(0, 0), 0xA0000201u);
+    EXPECT_EQ(At(3, 1), 0xA0000502u);
+    zero.FillColumns(4094, 0, 1, columns, 2, 0);  // the first two columns' row 0
+    EXPECT_EQ(At(4094, 0), 0u);
+    EXPECT_EQ(At(0, 0), 0u);
+    EXPECT_EQ(At(3, 0), 0xA0000501u);
+    EXPECT_EQ(At(0, 1), 0xA0000202u);
+    CBoardChannel one(1, &m_board);  // no canvas: nothing at all
+    one.FillColumns(0, 0, 3, columns, 3, 0);
+    EXPECT_EQ(At(3, 0), 0xA0000501u);
+}
+
+// A board without a canvas of its own is given the same pieces one vertical
+// line at a time, through its own operations.
+TEST(ColumnPieces, OtherBoardsGetOneLineEach) {
+    struct UstLine {
+        int x1, y1, x2, y2, srcY;
+        const uint32_t* src;
+        bool operator==(const UstLine&) const = default;
+    };
+    class CLineBoard : public CGBoard {
+    public:
+        void CopyLine(int x1, int y1, int x2, int y2, uint32_t*, int srcStride, int srcX, int srcY,
+                      const uint32_t* src) override {
+            EXPECT_EQ(srcStride, 1);
+            EXPECT_EQ(srcX, 0);
+            lines.push_back({x1, y1, x2, y2, srcY, src});
+        }
+        void FillLine(int x1, int y1, int x2, int y2, uint32_t*, uint32_t value) override {
+            lines.push_back({x1, y1, x2, y2, static_cast<int>(value), nullptr});
+        }
+        std::vector<UstLine> lines;
+    };
+    CLineBoard board;
+    CBoardChannel channel(0, &board);
+    const uint32_t block[18] = {};
+    const int columns[] = {0, 2, 5};
+    channel.CopyColumns(4094, 4095, 3, columns, 3, block, nullptr);
+    channel.FillColumns(7, 1, 2, columns + 1, 1, 9);
+    const std::vector<UstLine> expected = {{4094, 4095, 4094, 4097, 0, block},
+                                           {4096, 4095, 4096, 4097, 6, block},
+                                           {4099, 4095, 4099, 4097, 15, block},
+                                           {9, 1, 9, 2, 9, nullptr}};
+    EXPECT_EQ(board.lines, expected);
+}
+
 }  // namespace
 }  // namespace orv
