@@ -259,7 +259,9 @@ void EffectDecklink::UstPen::BandOfColumns(const std::vector<int>& columns, int 
     const int count = static_cast<int>(columns.size());
     if (!pSource) return pChannel->FillColumns(tx, ty, rows, columns.data(), count, 0);
     const uint32_t* block = pBands + static_cast<size_t>(top) * w;
-    const uint32_t* next = top + rows < h ? block + static_cast<size_t>(rows) * w : nullptr;
+    // The next band is fetched only if it has this one's rows: in a shorter
+    // last band the pieces lie elsewhere.
+    const uint32_t* next = top + 2 * rows <= h ? block + static_cast<size_t>(rows) * w : nullptr;
     pChannel->CopyColumns(tx, ty, rows, columns.data(), count, block, next);
 }
 
