@@ -160,7 +160,7 @@ TEST_F(GroupTest, DamagedStatesAreRefused) {
     CByteReader hb(huge);
     EXPECT_FALSE(b.LoadState(hb, 0));
     // Cut short inside the member.
-    bytes.resize(bytes.size() - 10);
+    bytes.erase(bytes.end() - 10, bytes.end());
     CQRDObjectGroup c(&page);
     CByteReader cc(bytes);
     EXPECT_THROW(c.LoadState(cc, 0), std::out_of_range);
