@@ -1,6 +1,7 @@
 #include "board/decklink_pipeline.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "board/canvas.h"
 #include "board/gst_output.h"
@@ -271,8 +272,7 @@ int CDecklinkPipeline::IsInterlaced() const {
 }
 
 void CDecklinkPipeline::CaptureField() {
-    std::lock_guard lock(m_canvasMutex);
-    CaptureFieldRows(0, m_Format.nHeight);
+    CaptureFieldRows(0, std::numeric_limits<int>::max());
 }
 
 void CDecklinkPipeline::CaptureFieldRows(int first, int last) {

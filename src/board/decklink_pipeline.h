@@ -83,8 +83,9 @@ public:
     int IsInterlaced() const;
     // The first field's lines of the view into the field buffer.
     void CaptureField();
-    // The same for the view rows from first to last - 1: a writer that is
-    // done with those rows may take them while they are still in its caches.
+    // The same for the view rows from first to last - 1 (clipped to the
+    // view): a writer that is done with those rows may take them while they
+    // are still in its caches.
     void CaptureFieldRows(int first, int last);
     // Zeroes the view and, if interlaced, takes it as the held field too.
     void ClearView();

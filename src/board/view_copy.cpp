@@ -149,6 +149,16 @@ bool IsHeldRow(int row, int height, int parity) {
     return ((height - 1 - row) & 1) == parity;
 }
 
+// The rows of a frame-shaped buffer that take(row) accepts, to the same rows.
+template <typename Take>
+void CopyFrameRows(uint32_t* dst, const uint32_t* src, int width, int height, Take take) {
+    if (!src || width < 1) return;
+    const size_t stride = static_cast<size_t>(width);
+    CBander band(width, 0);
+    for (int row = 0; row < height; ++row)
+        if (take(row)) band.Add(dst + row * stride, src + row * stride, nullptr);
+}
+
 }  // namespace
 
 void CopyFrame(uint32_t* dst, const UstView& view) {
@@ -164,20 +174,12 @@ void CopyFieldRows(uint32_t* dst, const UstView& view, int selector, int first, 
 }
 
 void CopyHeld(uint32_t* dst, const uint32_t* held, int width, int height, int parity) {
-    if (!held || width < 1) return;
-    const size_t stride = static_cast<size_t>(width);
-    CBander band(width, 0);
-    for (int row = 0; row < height; ++row)
-        if (IsHeldRow(row, height, parity))
-            band.Add(dst + row * stride, held + row * stride, nullptr);
+    CopyFrameRows(dst, held, width, height,
+                  [&](int row) { return IsHeldRow(row, height, parity); });
 }
 
 void CopyWholeFrame(uint32_t* dst, const uint32_t* src, int width, int height) {
-    if (!src || width < 1) return;
-    const size_t stride = static_cast<size_t>(width);
-    CBander band(width, 0);
-    for (int row = 0; row < height; ++row)
-        band.Add(dst + row * stride, src + row * stride, nullptr);
+    CopyFrameRows(dst, src, width, height, [](int) { return true; });
 }
 
 namespace {

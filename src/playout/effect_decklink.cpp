@@ -161,10 +161,7 @@ void EffectDecklink::TimedSubStep(const std::function<void()>& write) {
 // in the canvas: each field of the frame shows its own moment.
 void EffectDecklink::Capture() {
     if (!m_nFieldLoop || !m_pPipeline) return;
-    if (m_nCaptureFrom > 0)
-        m_pPipeline->CaptureFieldRows(m_nCaptureFrom, std::numeric_limits<int>::max());
-    else
-        m_pPipeline->CaptureField();
+    m_pPipeline->CaptureFieldRows(std::max(m_nCaptureFrom, 0), std::numeric_limits<int>::max());
     m_nCaptureFrom = -1;
     ++m_Stats.nCaptures;
 }
